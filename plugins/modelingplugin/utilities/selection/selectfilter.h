@@ -1,0 +1,78 @@
+/// \file
+/// What a user may pick, and what kind of entity a reference names.
+
+#pragma once
+
+#include "platform/appfw/selection.h"
+#include "platform/caedata/entityreference.h"
+#include "platform/ddm/display3ddatamanager.h"
+#include "platform/deps/btree.h"
+#include "platform/kfr/kfrsequence.h"
+#include "plugins/modelingplugin/utilities/componentframe/modelingexport.h"
+#include "plugins/modelingplugin/utilities/selection/selectfiltertype.h"
+
+#include <unicode/unistr.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace vrn::orlo::plugin::modeling {
+
+/// Classifies entities by their type id, and holds the table of what each kind of pick allows.
+///
+/// The predicates are static, one or two forms each (see typepredicates.def): of a reference, which is
+/// judged by its `typeId` alone, and of a type id. Those that go by name read the type registry at the
+/// first use of an id; those that go by the table compare with the ids that the names had when the
+/// table was built.
+///
+/// Failure    A predicate is false for everything that it does not know. The first instance(), and with
+///            it the first predicate that goes by the table, throws KFRSystemException when the type
+///            registry is missing or the display service is of another kind; the next call tries again.
+/// Threads    Main thread; the table has no lock.
+/// Cost       By name: a B-tree search and a comparison. By table: a B-tree search and a scan over at
+///            most 13 ids.
+class MODELING_API SelectFilter {
+public:
+    /// The one filter; its table is built by the first call.
+    static SelectFilter* instance();
+
+#define ORLO_DECLARE_Reference(name) static bool name(CAE::EntityReference const& reference);
+#define ORLO_DECLARE_Id(name) static bool name(unsigned int typeId);
+#define ORLO_DECLARE_Both(name) ORLO_DECLARE_Reference(name) ORLO_DECLARE_Id(name)
+#define TYPE_PREDICATE(forms, name, test) ORLO_DECLARE_##forms(name)
+#include "plugins/modelingplugin/utilities/selection/typepredicates.def"
+#undef ORLO_DECLARE_Reference
+#undef ORLO_DECLARE_Id
+#undef ORLO_DECLARE_Both
+
+    /// A displacement constraint. The form with a name compares it as it stands and asks no registry.
+    static bool isConstraint(icu::UnicodeString const& typeName);
+    static bool isConstraint(unsigned int typeId);
+
+    /// Whether the id stands under the kind. A kind that the table does not have is entered, empty.
+    static bool isSelectFilter(SelectFilterType type, unsigned int typeId);
+
+    /// The first id of the kind; 0 for a kind that has none. Enters nothing.
+    static unsigned int getTypeID(SelectFilterType const& type);
+
+    /// How many kinds the table holds, those that were entered empty among them.
+    [[nodiscard]] std::size_t tableSize() const noexcept
+    {
+        return m_table.size();
+    }
+
+private:
+    using Table = btree::btree_map<SelectFilterType, std::vector<unsigned int>>;
+
+    SelectFilter() = default;
+    void initialize();
+    [[nodiscard]] static Table buildTable();
+
+    KFRSmartPointer<ddm::KFRIDisplay3DDataManager> m_displayManager;
+    KFRSmartPointer<appfw::ISelectionManagerInterface> m_selectionManager;
+    KFRSmartPointer<appfw::IPickFilterManagerInterface> m_pickFilterManager;
+    KFRSequence<unsigned int> m_pickTargets;
+    Table m_table;
+};
+
+}  // namespace vrn::orlo::plugin::modeling

@@ -1,0 +1,52 @@
+#include "host/study/studyerror.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace vrn::orlo::host::study {
+
+namespace {
+
+std::string oneLine(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+    return text;
+}
+
+std::string messageOf(KeyPlace const& place, std::string_view reason)
+{
+    std::string text = place.m_file.string();
+    if (place.m_line > 0) {
+        text += ':' + std::to_string(place.m_line);
+    }
+    text += ": ";
+    if (!place.m_key.empty()) {
+        text += place.m_key + ": ";
+    }
+    return oneLine(text.append(reason));
+}
+
+}  // namespace
+
+StudyError::StudyError(KeyPlace place, std::string_view reason)
+    : std::runtime_error(messageOf(place, reason)), m_place(std::move(place))
+{
+}
+
+std::string inQuotes(std::string_view text)
+{
+    constexpr std::size_t kLongest = 60;
+    auto const continuesACharacter = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+    };
+    std::size_t length = std::min(text.size(), kLongest);
+    while (length > 0 && length < text.size() && continuesACharacter(text[length])) {
+        --length;
+    }
+    std::string const shown(text.substr(0, length));
+    return "'" + shown + (length < text.size() ? "...'" : "'");
+}
+
+}  // namespace vrn::orlo::host::study

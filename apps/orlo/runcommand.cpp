@@ -1,0 +1,56 @@
+#include "apps/orlo/commands.h"
+#include "apps/orlo/console.h"
+#include "apps/orlo/geometryreport.h"
+#include "apps/orlo/session.h"
+#include "host/geometry/geometryimport.h"
+#include "host/study/atomicfile.h"
+#include "host/study/study.h"
+
+#include <cstdio>
+
+namespace vrn::orlo::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Writes a report, if the study asks for it, and says where it went.
+void writeOutput(fs::path const& folder, fs::path const& name, std::string const& report)
+{
+    if (!name.empty()) {
+        fs::path const file = folder / name;
+        host::study::writeFileAtomically(file, report);
+        std::fprintf(stderr, "wrote %s\n", file.string().c_str());
+    }
+}
+
+}  // namespace
+
+int run(RunOptions const& options)
+{
+    host::study::Study const study = host::study::loadStudy(options.m_study);
+    fs::path const folder = options.m_out.empty() ? fs::path("out") / study.m_name : options.m_out;
+
+    Session session;
+    ProgressLine progress;
+    host::model::Model const model(
+        host::geometry::importGeometry(
+            study.m_geometry,
+            [&progress](double fraction, std::string const& step) { progress.show(fraction, step); }),
+        session.kernel().typeRegistry());
+    progress.wipe();
+    for (std::string const& warning : model.geometry().m_warnings) {
+        reportWarning(warning);
+    }
+
+    std::string const tree = textReport(model, ReportDepth::tree);
+    std::string const json = options.m_json || !study.m_outputs.m_json.empty() ? jsonReport(model) : "";
+    std::string const& printed = options.m_json ? json : tree;
+    std::fwrite(printed.data(), 1, printed.size(), stdout);
+    std::fflush(stdout);
+    writeOutput(folder, study.m_outputs.m_tree, tree);
+    writeOutput(folder, study.m_outputs.m_json, json);
+    return kDone;
+}
+
+}  // namespace vrn::orlo::app

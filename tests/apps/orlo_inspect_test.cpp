@@ -1,0 +1,136 @@
+#include "apps/orlorun.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace vrn::orlo::app {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using nlohmann::json;
+
+std::string const kBracket = std::string(ORLO_BRACKET) + "/bracket.step";
+
+json inspected(std::string const& file)
+{
+    OrloRun const run = runOrlo({"inspect", file, "--json"});
+    EXPECT_EQ(run.m_status, 0) << run.m_err;
+    return json::parse(run.m_out);
+}
+
+std::map<std::string, json> partsByName(json const& report)
+{
+    std::map<std::string, json> parts;
+    for (json const& part : report["parts"]) {
+        parts[part["name"]] = part;
+    }
+    return parts;
+}
+
+TEST(OrloInspect, TellsTheBracketsPartsInstancesAndSheet)
+{
+    json const report = inspected(kBracket);
+    EXPECT_EQ(report["counts"]["solids"], 6);
+    EXPECT_EQ(report["counts"]["sheets"], 1);
+    EXPECT_EQ(report["lengthUnit"]["name"], "millimetre");
+    EXPECT_THAT(report["warnings"], IsEmpty());
+    auto const parts = partsByName(report);
+    ASSERT_EQ(parts.size(), 4U);
+    EXPECT_EQ(parts.at("bolt")["instances"], 4);
+    EXPECT_EQ(parts.at("stiffener")["counts"]["sheets"], 1);
+}
+
+TEST(OrloInspect, NumbersEntitiesFromOneWithoutAGap)
+{
+    unsigned expected = 0;
+    json const report = inspected(kBracket);
+    for (json const& part : report["parts"]) {
+        for (json const& entity : part["entities"]) {
+            EXPECT_EQ(entity["number"], ++expected);
+        }
+    }
+    EXPECT_GT(expected, 50U);
+}
+
+struct AnswerCase {
+    char const* m_type;
+    int m_class;
+    std::set<std::string> m_answers;
+};
+
+TEST(OrloInspect, GivesEachClassTheLibrarysOwnAnswers)
+{
+    AnswerCase const cases[] = {
+        {"BODY", 7, {"isBody", "isSolidBody"}},
+        {"SHEETBODY", 8, {"isBody", "isSheetBody"}},
+        {"REGION", 16, {"isRegion"}},
+        {"FACE", 18, {"isFace"}},
+        {"EDGE", 21, {"isEdge"}},
+        {"VERTEX", 22, {"isVertex"}},
+    };
+    std::map<std::string, std::set<std::set<std::string>>> answersByType;
+    std::map<std::string, std::set<int>> classesByType;
+    json const report = inspected(kBracket);
+    for (json const& part : report["parts"]) {
+        EXPECT_EQ(part["answers"], json({"isPart"}));
+        for (json const& entity : part["entities"]) {
+            answersByType[entity["type"]].insert(entity["answers"].get<std::set<std::string>>());
+            classesByType[entity["type"]].insert(entity["class"].get<int>());
+        }
+    }
+    EXPECT_EQ(answersByType.size(), std::size(cases));
+    for (AnswerCase const& row : cases) {
+        SCOPED_TRACE(row.m_type);
+        EXPECT_THAT(answersByType[row.m_type], ::testing::ElementsAre(row.m_answers));
+        EXPECT_THAT(classesByType[row.m_type], ::testing::ElementsAre(row.m_class));
+    }
+}
+
+TEST(OrloInspect, OfTheSameFileTwicePrintsTheSameBytes)
+{
+    EXPECT_EQ(runOrlo({"inspect", kBracket, "--json"}).m_out,
+              runOrlo({"inspect", kBracket, "--json"}).m_out);
+}
+
+TEST(OrloInspect, ShowsOnlyTheTreeWhenAskedTo)
+{
+    OrloRun const tree = runOrlo({"inspect", kBracket, "--tree"});
+    EXPECT_THAT(tree.m_out, HasSubstr("bolt 3 (bolt): 1 solid"));
+    EXPECT_THAT(tree.m_out, Not(HasSubstr("isFace")));
+    EXPECT_THAT(runOrlo({"inspect", kBracket}).m_out, HasSubstr("isFace"));
+    EXPECT_EQ(tree.m_err, "");
+}
+
+TEST(OrloInspect, WarnsOfABoltMeasuredInMetres)
+{
+    TemporaryFolder const folder;
+    std::string text = contentOf(kBracket);
+    std::size_t const unit = text.find(".MILLI.,.METRE.");
+    ASSERT_NE(unit, std::string::npos);
+    text.replace(unit, 8, "$,");  // ".MILLI.," becomes "$,": metres
+    OrloRun const run = runOrlo({"inspect", folder.write("metres.step", text), "--tree"});
+    EXPECT_EQ(run.m_status, 0);
+    EXPECT_THAT(run.m_err, HasSubstr("warning: "));
+    EXPECT_THAT(run.m_err, HasSubstr("metre"));
+}
+
+TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
+{
+    OrloRun const run = runOrlo({"doctor"});
+    EXPECT_EQ(run.m_status, 0) << run.m_err;
+    EXPECT_THAT(run.m_out, HasSubstr("vrn.orlo.plugin.modeling.ModelingPluginUtilities"));
+    EXPECT_THAT(run.m_out, HasSubstr("KernelMajorVersion   24"));
+    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
+    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +-"));
+}
+
+}  // namespace
+}  // namespace vrn::orlo::app

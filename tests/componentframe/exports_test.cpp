@@ -1,0 +1,58 @@
+// What the built library shows to the outside.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vrn::orlo::plugin::modeling {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::UnorderedElementsAre;
+
+/// The names of the dynamic symbols that the component defines.
+std::vector<std::string> definedSymbols()
+{
+    struct Close {
+        void operator()(std::FILE* pipe) const { pclose(pipe); }
+    };
+    std::unique_ptr<std::FILE, Close> const pipe(
+        popen("nm --dynamic --defined-only --format=posix '" ORLO_COMPONENT_FILE "'", "r"));
+    std::vector<std::string> names;
+    char line[4096];
+    while (pipe != nullptr && std::fgets(line, sizeof line, pipe.get()) != nullptr) {
+        names.emplace_back(line, std::string(line).find(' '));
+    }
+    return names;
+}
+
+TEST(Exports, AreThreeFunctionsWithCNames)
+{
+    std::vector<std::string> plain;
+    for (std::string const& name : definedSymbols()) {
+        if (name.rfind("_Z", 0) != 0) {
+            plain.push_back(name);
+        }
+    }
+    EXPECT_THAT(plain, UnorderedElementsAre("KFR_Comp_Info", "KFR_Comp_Init",
+                                            "KFR_Get_ServiceVersionTable"));
+}
+
+TEST(Exports, AreOtherwiseTheSystemsOwnAlone)
+{
+    int mangled = 0;
+    for (std::string const& name : definedSymbols()) {
+        if (name.rfind("_Z", 0) == 0) {
+            ++mangled;
+            EXPECT_THAT(name, HasSubstr("3vrn4orlo"));
+        }
+    }
+    EXPECT_GT(mangled, 100);
+}
+
+}  // namespace
+}  // namespace vrn::orlo::plugin::modeling

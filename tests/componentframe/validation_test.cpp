@@ -1,0 +1,241 @@
+// The soft assertion and its log file, and what is thrown behind it.
+
+#include "plugins/modelingplugin/utilities/componentframe/validation.h"
+
+#include "platform/kfr/kfrany.h"
+#include "platform/kfr/kfrsequence.h"
+#include "plugins/modelingplugin/utilities/componentframe/logimpl.h"
+#include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
+#include "plugins/modelingplugin/utilities/componentframe/userexception.h"
+#include "tests/support/appframefakes.h"
+#include "tests/support/freshprocess.h"
+#include "tests/support/matchers.h"
+#include "tests/support/platformscope.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace vrn::orlo::plugin::modeling {
+namespace {
+
+using test::makePlain;
+using test::PlatformScope;
+
+/// A folder that goes with the test.
+class TemporaryFolder {
+public:
+    TemporaryFolder()
+    {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "orlo-test-XXXXXX").string();
+        m_path = mkdtemp(pattern.data());
+    }
+    TemporaryFolder(TemporaryFolder const&) = delete;
+    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    [[nodiscard]] std::filesystem::path const& path() const { return m_path; }
+    [[nodiscard]] std::vector<std::filesystem::path> files() const
+    {
+        return {std::filesystem::directory_iterator(m_path), {}};
+    }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::string bytesOf(std::filesystem::path const& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Gives the plug-in `folder` for its own.
+void putPluginFolder(std::filesystem::path const& folder)
+{
+    auto const plugin = KFR::make<test::FakePlugin>();
+    plugin->folder = icu::UnicodeString::fromUTF8(folder.string());
+    auto const framework = KFR::make<test::FakeFrameworkAccess>();
+    framework->plugins["VRN.ModelingPlugin"] = plugin;
+    ServiceCacheModelingPlugin::frameworkAccess_ = framework;
+}
+
+TEST(LogFile, HasItsLinesWithALineEndEachAndTheSecondForItsName)
+{
+    PlatformScope platform;
+    TemporaryFolder folder;
+    putPluginFolder(folder.path());
+    std::time_t const before = std::time(nullptr);
+    LogFileImpl log;
+    std::time_t const after = std::time(nullptr);
+    ASSERT_EQ(folder.files().size(), 1u);
+    std::filesystem::path const file = folder.files().front();
+    EXPECT_EQ(file.extension(), ".log");
+    long long const second = std::stoll(file.stem());
+    EXPECT_EQ(file.stem(), std::to_string(second));
+    EXPECT_GE(second, before);
+    EXPECT_LE(second, after);
+
+    log.write("one", 0);
+    EXPECT_EQ(bytesOf(file), "one\r\n");  // flushed
+    log.write("", 3);
+    log.write("100 %s \xC3\xA9", 1);
+    EXPECT_EQ(bytesOf(file), "one\r\n\r\n100 %s \xC3\xA9\r\n");
+}
+
+TEST(LogFile, GoesNowhereWhenAStepToItsFolderIsMissing)
+{
+    PlatformScope platform;
+    LogFileImpl().write("no framework", 0);
+    ServiceCacheModelingPlugin::frameworkAccess_ = KFR::make<test::FakeFrameworkAccess>();
+    LogFileImpl().write("no plug-in", 0);
+    TemporaryFolder folder;
+    putPluginFolder(folder.path() / "missing");
+    LogFileImpl().write("no folder", 0);
+    EXPECT_TRUE(folder.files().empty());
+}
+
+TEST(Validation, NotesEachFailureInOneFileOfItsOwn)
+{
+    EXPECT_HOLDS_IN_FRESH_PROCESS([] {
+        PlatformScope platform;
+        TemporaryFolder folder;
+        putPluginFolder(folder.path());
+        EXPECT_EQ(validation("spObject != NULLSP", "a/file", 12, "vrn::orlo::f"), 0);
+        EXPECT_EQ(validation("100 %d", "", -1, ""), 0);
+        ASSERT_EQ(folder.files().size(), 1u);
+        EXPECT_EQ(
+            bytesOf(folder.files().front()),
+            "Validation failed with expression : spObject != NULLSP, at File : a/file, "
+            "Line : 12, in Function : vrn::orlo::f.\n\r\n"
+            "Validation failed with expression : 100 %d, at File : , Line : -1, in Function : "
+            ".\n\r\n");
+    });
+}
+
+TEST(Validation, CutsItsTextAt511Characters)
+{
+    EXPECT_HOLDS_IN_FRESH_PROCESS([] {
+        PlatformScope platform;
+        TemporaryFolder folder;
+        putPluginFolder(folder.path());
+        std::string const start = "Validation failed with expression : ";
+        std::string const end = ", at File : f, Line : 1, in Function : g.\n";
+        std::string const fits(511 - start.size() - end.size(), 'x');
+        validation(fits.c_str(), "f", 1, "g");
+        validation((fits + 'y').c_str(), "f", 1, "g");
+        validation(std::string(2000, 'z').c_str(), "f", 1, "g");
+        std::string const cutEnd = end.substr(0, end.size() - 1);
+        EXPECT_EQ(bytesOf(folder.files().at(0)), start + fits + end + "\r\n" + start + fits + "y" +
+                                                     cutEnd + "\r\n" + start +
+                                                     std::string(511 - start.size(), 'z') + "\r\n");
+    });
+}
+
+TEST(Validation, IsSilentWithoutAFolderForGood)
+{
+    EXPECT_HOLDS_IN_FRESH_PROCESS([] {
+        PlatformScope platform;
+        EXPECT_EQ(validation("a", "b", 1, "c"), 0);
+        TemporaryFolder folder;
+        putPluginFolder(folder.path());
+        EXPECT_EQ(validation("a", "b", 1, "c"), 0);  // the file is made at the first use only
+        EXPECT_TRUE(folder.files().empty());
+    });
+}
+
+TEST(CurrentModel, IsThatOfTheApplicationFramesSession)
+{
+    PlatformScope platform;
+    auto const session = KFR::make<test::FakeSession>();
+    session->currentModel = makePlain<CAE::IModelInterface>();
+    auto const persistence = KFR::make<test::FakePFW>();
+    persistence->session = session;
+    appfw::ServiceCacheAppFrame::PFW_ = persistence;
+    EXPECT_EQ(ServiceHelper::getCurrentModel().get(), session->currentModel.get());
+}
+
+TEST(CurrentModel, ThatIsMissingIsNotedAndThrown)
+{
+    EXPECT_HOLDS_IN_FRESH_PROCESS([] {
+        PlatformScope platform;
+        TemporaryFolder folder;
+        putPluginFolder(folder.path());
+        auto const expectNoModel = [] {
+            try {
+                static_cast<void>(ServiceHelper::getCurrentModel());
+                ADD_FAILURE() << "nothing thrown";
+            } catch (UserException const& thrown) {
+                EXPECT_EQ(thrown.getTextStr(), "No Model!");
+                EXPECT_EQ(thrown.getKFRResult().getCode(), KFR::notDone);
+            }
+        };
+        auto const session = KFR::make<test::FakeSession>();
+        session->currentModel = makePlain<CAE::IModelInterface>();
+        auto const persistence = KFR::make<test::FakePFW>();
+        persistence->session = session;
+        ServiceCacheModelingPlugin::PFW_ = persistence;  // not the holder that is asked
+        expectNoModel();
+        auto const empty = KFR::make<test::FakePFW>();
+        appfw::ServiceCacheAppFrame::PFW_ = empty;
+        expectNoModel();
+        empty->session = KFR::make<test::FakeSession>();
+        expectNoModel();
+
+        std::string const line =
+            "Validation failed with expression : !(KFR::NULLSP == spModel), at File : "
+            "plugins/modelingplugin/utilities/servicehelper, Line : 463, in Function : "
+            "vrn::orlo::plugin::modeling::ServiceHelper::getCurrentModel.\n\r\n";
+        EXPECT_EQ(bytesOf(folder.files().at(0)), line + line + line);
+    });
+}
+
+static_assert(!std::is_base_of_v<std::exception, UserException>);
+
+TEST(UserException, OfATextHasTheTextAsTheParameterOfItsResult)
+{
+    UserException const failure(
+        "Stra\xC3\x9F"
+        "e");
+    EXPECT_EQ(failure.getTextStr(),
+              "Stra\xC3\x9F"
+              "e");
+    EXPECT_EQ(failure.getTextUStr(), u"Stra\u00DFe");
+    KFRResult const result = failure.getKFRResult();
+    EXPECT_EQ(result.getCode(), 0x7FFFFFFF);
+    EXPECT_EQ(result.getMessageId(), 0);
+    KFRSequence<KFRAny> const params = result.getParams();
+    ASSERT_EQ(params.size(), 1u);
+    std::string text;
+    EXPECT_TRUE(params[0] >>= text);
+    EXPECT_EQ(text, failure.getTextStr());
+}
+
+TEST(UserException, OfAnIdHasItForCodeAndMessage)
+{
+    KFRResult const ofId = UserException(1022).getKFRResult();
+    EXPECT_EQ(ofId.getCode(), 1022);
+    EXPECT_EQ(ofId.getMessageId(), 1022);
+    KFRResult const ofCode = UserException(5, 1022).getKFRResult();
+    EXPECT_EQ(ofCode.getCode(), 5);
+    EXPECT_EQ(ofCode.getMessageId(), 1022);
+    EXPECT_EQ(UserException(1022).getTextStr(), "");
+    EXPECT_EQ(UserException().getKFRResult().getCode(), KFR::notDone);
+}
+
+}  // namespace
+}  // namespace vrn::orlo::plugin::modeling

@@ -1,0 +1,132 @@
+/// \file
+/// What the filter table has to hold, written out: the number of each kind and its types in their
+/// order.
+
+#pragma once
+
+#include "plugins/modelingplugin/utilities/selection/selectfiltertype.h"
+
+#include <string>
+#include <vector>
+
+namespace vrn::orlo::plugin::modeling::test {
+
+struct ExpectedKind {
+    int number;
+    SelectFilterType kind;
+    std::vector<std::string> names;
+};
+
+// clang-format off
+inline std::vector<ExpectedKind> const kExpectedKinds{
+    {0, FilterVertex, {"VERTEX"}},
+    {1, FilterEdge, {"EDGE", "EDGEUNKNOW", "EDGEWIREFRAME", "EDGELAMINAR", "EDGENORMAL",
+        "EDGEGENERAL", "EDGESHARE"}},
+    {2, FilterFace, {"FACE"}},
+    {3, FilterBody, {"ACORNBODY", "WIREBODY", "FACETWIRE", "FACETSOLID", "SHEETBODY", "FACETSHEET",
+        "BODY", "GENERALBODY", "FACETGENERAL", "PRIMITIVEBOXSOLID", "PRIMITIVECYLINDERSOLID",
+        "PRIMITIVESPHERESOLID", "PRIMITIVEELLIPSOIDSOLID"}},
+    {4, FilterRegion, {"REGION"}},
+    {5, FilterPart, {"Simulation.Part"}},
+    {6, FilterCoordinateSystem, {"Simulation.Modeling.CoordinateSystem"}},
+    {7, FilterCoordSystemComp0d, {"Simulation.Modeling.CoordSystemComp0d"}},
+    {8, FilterCoordSystemComp3d, {"Simulation.Modeling.CoordSystemComp3d"}},
+    {9, FilterSheetBody, {"SHEETBODY"}},
+    {10, FilterFacetSheet, {"FACETSHEET"}},
+    {11, FilterGeneralBody, {"GENERALBODY"}},
+    {12, FilterFacetGeneral, {"FACETGENERAL"}},
+    {13, FilterSolidBody, {"BODY"}},
+    {14, FilterWireBody, {"WIREBODY"}},
+    {15, FilterPrimitiveBox, {"PRIMITIVEBOXSOLID"}},
+    {16, FilterPrimitiveCylinder, {"PRIMITIVECYLINDERSOLID"}},
+    {17, FilterPrimitiveSphere, {"PRIMITIVESPHERESOLID"}},
+    {18, FilterPrimitiveEllipsoid, {"PRIMITIVEELLIPSOIDSOLID"}},
+    {19, FilterMeshBody, {"Simulation.MeshBody"}},
+    {20, FilterFEMesh, {"Simulation.FEM.FEMesh"}},
+    {21, Filter0dMesh, {"FEM.Simulation.0DContinuousMesh"}},
+    {22, Filter1dMesh, {"FEM.Simulation.1DContinuousMesh"}},
+    {23, Filter2dMesh, {"FEM.Simulation.2DContinuousMesh"}},
+    {24, Filter3dMesh, {"FEM.Simulation.3DContinuousMesh"}},
+    {29, FilterNode, {"Simulation.FEM.Node"}},
+    {30, Filter1DElement, {"FEM.Simulation.1DElement"}},
+    {31, Filter2DElement, {"FEM.Simulation.2DElement"}},
+    {33, Filter3DElement, {"FEM.Simulation.3DElement"}},
+    {34, FilterElementFace, {"FEM.Simulation.ElementFace"}},
+    {35, FilterGroup, {"Simulation.Modeling.Group"}},
+    {36, FilterAssembly, {"Simulation.Assembly"}},
+    {37, FilterAssemblyRep, {"Simulation.Modeling.AssemblyRep"}},
+    {38, FilterConcentratedForce, {"Simulation.Modeling.ConcentratedForce"}},
+    {39, FilterCFApply, {"Simulation.Modeling.CFApply"}},
+    {41, FilterCFBody, {"Simulation.Modeling.CFBody"}},
+    {42, FilterCFHeadTail, {"Simulation.Modeling.CFHeadTail"}},
+    {44, FilterMomentLoad, {"Simulation.Modeling.MomentLoad"}},
+    {47, FilterRefEntity, {"Simulation.Modeling.RefEntity"}},
+    {48, FilterFixedConstraint, {"Simulation.Modeling.FixedConstraint"}},
+    {49, FilterFCApply, {"Simulation.Modeling.FCApply"}},
+    {50, FilterFCComponent, {"Simulation.Modeling.FCComponent"}},
+    {51, FilterModesScenario, {"Simulation.Modeling.ModesScenario"}},
+    {52, FilterStaticScenario, {"Simulation.Modeling.StaticScenario"}},
+    {54, FilterDynamicScenario, {"Simulation.Modeling.DynamicScenario"}},
+    {56, FilterSeqDynamicScenario, {"Simulation.Modeling.SeqDynamicScenario"}},
+    {57, FilterBucklingScenarios, {"Simulation.Modeling.BucklingScenarios"}},
+    {58, FilterTopoOptimizationScenario, {"Simulation.Modeling.TopoOptimizationScenario"}},
+    {59, FilterOptimizationStudy, {"Simulation.Modeling.OptimizationStudy"}},
+    {60, FilterShaperScenario, {"Simulation.Shaper.ShaperScenario"}},
+    {61, FilterShaperStudy, {"Simulation.Shaper.ShaperStudy"}},
+    {62, FilterStudy, {"Simulation.Modeling.Study"}},
+    {63, FilterShellSectionProperty, {"Simulation.Modeling.ShellSectionProperty"}},
+    {64, FilterShellBehaviorProperty, {"Simulation.Modeling.ShellBehaviorProperty"}},
+    {65, FilterLineIsoMaterial, {"Simulation.Modeling.LineIsoMaterial"}},
+    {66, FilterBeamShapeStandard, {"Simulation.Modeling.BeamShapeStandard"}},
+    {67, FilterBeamSpan, {"Simulation.Modeling.BeamSpan"}},
+    {68, FilterBeamSpanComponent, {"Simulation.Modeling.Beam.Span.Component.Center",
+        "Simulation.Modeling.Beam.Span.Component.Circle",
+        "Simulation.Modeling.Beam.Span.Component.Y", "Simulation.Modeling.Beam.Span.Component.Z"}},
+    {69, FilterFEPartRep, {"Simulation.Modeling.FEPartRep", "Simulation.FEPartRep"}},
+    {70, FilterGenericPartRep, {"Simulation.GenericPartRep"}},
+    {71, FilterContinuousMesh, {"Simulation.FEM.ContinuousMesh"}},
+    {72, FilterModel, {"Simulation.Model"}},
+    {73, FilterSimSettings, {"Simulation.Modeling.SimSettings"}},
+    {74, FilterMeshGroup, {"FEM.Simulation.0DContinuousMesh", "FEM.Simulation.1DContinuousMesh",
+        "FEM.Simulation.2DContinuousMesh", "FEM.Simulation.3DContinuousMesh",
+        "Simulation.FEM.ContinuousMesh"}},
+    {75, FilterAssemblyInstance, {"Simulation.AssemblyInstance"}},
+    {76, FilterPartInstance, {"Simulation.PartInstance"}},
+    {77, FilterGlueContact, {"Simulation.Modeling.GlueContact"}},
+    {78, FilterGlueInteraction, {"Simulation.Modeling.GlueInteraction"}},
+    {80, FilterGlueGroup, {"Simulation.Modeling.GlueGroup"}},
+    {81, FilterEnforcedDisplacement, {"Simulation.Modeling.EnforcedDisplacement"}},
+    {82, FilterEnfDisComp, {"Simulation.Modeling.EnfDisComp"}},
+    {83, FilterRigidLink, {"Simulation.Modeling.Connection.RigidLink"}},
+    {84, FilterSpring, {"Simulation.Modeling.Connection.Spring"}},
+    {85, FilterBushing, {"Simulation.Modeling.Connection.Bushing"}},
+    {86, FilterDamping, {"Simulation.Modeling.Connection.Damping"}},
+    {87, FilterSpringDamper, {"Simulation.Modeling.Connection.SpringDamper"}},
+    {88, FilterFlexibleLink, {"Simulation.Modeling.Connection.FlexibleLink"}},
+    {92, FilterDiscreteTie, {"Simulation.Modeling.DiscreteTie.Rigid.ReferencePoint",
+        "Simulation.Modeling.DiscreteTie.Compliant.ReferencePoint",
+        "Simulation.Modeling.DiscreteTie.Rigid.AttachmentPoints",
+        "Simulation.Modeling.DiscreteTie.Compliant.AttachmentPoints",
+        "Simulation.Modeling.DiscreteTie.Rigid.SpiderLine",
+        "Simulation.Modeling.DiscreteTie.Compliant.SpiderLine"}},
+    {93, FilterTieReferencePoint, {"Simulation.Modeling.DiscreteTie.Rigid.ReferencePoint",
+        "Simulation.Modeling.DiscreteTie.Compliant.ReferencePoint"}},
+    {94, FilterAveragePoint, {"Simulation.Modeling.DiscreteTie_AveragePoint"}},
+    {95, FilterInterfacePoint, {"Simulation.Modeling.InterfacePoint"}},
+    {96, FilterDiscreteTieRep, {"Simulation.Modeling.DiscreteTieRep"}},
+    {97, FilterDesignRegion, {"Simulation.Modeling.ToplogyDesignRegion"}},
+    {98, FilterManufacturingConstraint, {"Simulation.Modeling.ManufacturingConstraint"}},
+    {99, FilterMarkerOn1DEntity, {"MARKERON1DENTITY"}},
+    {100, FilterMarkerOn1DEntityCenter, {"MARKERON1DENTITYCENTER"}},
+    {101, FilterMarkerOn2DEntityCenter, {"MARKERON2DENTITYCENTER"}},
+    {102, FilterMarkerOn2DEntityCentroid, {"MARKERON2DENTITYCENTROID"}},
+    {103, FilterMarkerOnAxisCenter, {"MARKERONAXISCENTER"}},
+    {104, FilterMarkerOnAxisEnd, {"MARKERONAXISEND"}},
+    {105, FilterGeneralizedPoint, {"TransformNormalManipulatorType",
+        "Simulation.Modeling.GeneralizedPoint"}},
+    {106, FilterDatumPlane, {"CONSTRUCTION.DATUMPLANE"}},
+    {107, FilterNodeTie, {"Simulation.Modeling.NodeTie"}},
+};
+// clang-format on
+
+}  // namespace vrn::orlo::plugin::modeling::test

@@ -1,0 +1,21 @@
+# Every library that the project links, in one place. scripts/setup.sh installs the packages.
+include_guard(GLOBAL)
+
+find_package(Threads REQUIRED)
+find_package(ICU 70 REQUIRED COMPONENTS uc i18n io data)
+find_package(absl REQUIRED)
+find_package(TBB REQUIRED)
+find_package(spdlog REQUIRED)
+find_package(yaml-cpp REQUIRED)
+
+if(ORLO_HOST_CAD)
+    find_package(OpenCASCADE REQUIRED)  # 7.6; its package accepts no "or newer"
+    find_package(nlohmann_json REQUIRED)
+    find_package(CLI11 REQUIRED)
+endif()
+if(ORLO_BUILD_TESTS)
+    find_package(GTest REQUIRED)
+endif()
+if(ORLO_BUILD_BENCHMARKS)
+    find_package(benchmark REQUIRED)
+endif()

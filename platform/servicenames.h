@@ -1,6 +1,6 @@
 /// \file
-/// The names under which the application's services are known. Read by ServiceHelper and by the host's
-/// registry, and by nobody else.
+/// The names under which the application's services are known. Read by ServiceHelper and by the
+/// host's registry, and by nobody else.
 
 #pragma once
 

@@ -11,8 +11,8 @@ packages=(
     # the host
     libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
     libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
-    # tests and benchmarks
-    libgtest-dev libgmock-dev libbenchmark-dev
+    # tests
+    libgtest-dev libgmock-dev
 )
 
 missing=()

@@ -1,6 +1,6 @@
 /// \file
-/// The verbs of `orlo`. Each writes its results to the standard output, and what else it has to say to
-/// the standard error stream.
+/// The verbs of `orlo`. Each writes its results to the standard output, and what else it has to say
+/// to the standard error stream.
 
 #pragma once
 
@@ -16,8 +16,9 @@ struct InspectOptions {
 
 struct RunOptions {
     std::filesystem::path m_study;
-    std::filesystem::path m_out;  ///< Output folder; empty for "out/<study>" below the working folder.
-    bool m_json = false;          ///< Print the JSON report instead of the tree.
+    std::filesystem::path
+        m_out;            ///< Output folder; empty for "out/<study>" below the working folder.
+    bool m_json = false;  ///< Print the JSON report instead of the tree.
 };
 
 /// What is in a geometry file. \return an ExitStatus

@@ -30,7 +30,9 @@ void reportWarning(std::string_view text)
     writeLine("warning: ", text);
 }
 
-ProgressLine::ProgressLine() : m_isTerminal(::isatty(STDERR_FILENO) != 0) {}
+ProgressLine::ProgressLine() : m_isTerminal(::isatty(STDERR_FILENO) != 0)
+{
+}
 
 ProgressLine::~ProgressLine()
 {

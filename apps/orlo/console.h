@@ -1,6 +1,6 @@
 /// \file
-/// What the command line says besides its results: progress, warnings, errors. All of it goes to the
-/// standard error stream, so that the results can be piped.
+/// What the command line says besides its results: progress, warnings, errors. All of it goes to
+/// the standard error stream, so that the results can be piped.
 
 #pragma once
 

@@ -21,8 +21,8 @@ enum class ReportDepth {
 /// Order      Parts in the order of their first use, entities by number.
 [[nodiscard]] std::string textReport(host::model::Model const& model, ReportDepth depth);
 
-/// The same as a JSON document, every entity included, ending in a line end. Type ids are left out: they
-/// hold for one run only.
+/// The same as a JSON document, every entity included, ending in a line end. Type ids are left out:
+/// they hold for one run only.
 [[nodiscard]] std::string jsonReport(host::model::Model const& model);
 
 }  // namespace vrn::orlo::app

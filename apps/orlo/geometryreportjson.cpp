@@ -18,10 +18,9 @@ namespace {
 
 Json toJson(Counts const& counts)
 {
-    return {{"solids", counts.m_solids},   {"sheets", counts.m_sheets},
-            {"wires", counts.m_wires},     {"points", counts.m_points},
-            {"volumes", counts.m_volumes}, {"faces", counts.m_faces},
-            {"edges", counts.m_edges},     {"vertices", counts.m_vertices}};
+    return {{"solids", counts.m_solids}, {"sheets", counts.m_sheets},    {"wires", counts.m_wires},
+            {"points", counts.m_points}, {"volumes", counts.m_volumes},  {"faces", counts.m_faces},
+            {"edges", counts.m_edges},   {"vertices", counts.m_vertices}};
 }
 
 Json toJson(Box const& box)

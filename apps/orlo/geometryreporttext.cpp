@@ -112,9 +112,7 @@ void appendNode(std::string& text, GeometryModel const& geometry, Instance const
         text += ": " + inWords(part.m_counts);
     }
     text += '\n';
-    std::string const below = indent + (branch.empty()          ? ""
-                                        : branch[0] == '`'      ? "   "
-                                                                : "|  ");
+    std::string const below = indent + (branch.empty() ? "" : branch[0] == '`' ? "   " : "|  ");
     for (std::size_t i = 0; i < node.m_children.size(); ++i) {
         bool const isLast = i + 1 == node.m_children.size();
         appendNode(text, geometry, node.m_children[i], below, isLast ? "`- " : "|- ");
@@ -154,8 +152,9 @@ void appendPart(std::string& text, Model const& model, std::size_t index)
     text += "   number class type             body            measure      answers\n";
     for (Entity const& entity : model.geometry().entitiesOf(index)) {
         std::string const measure =
-            *unitOfMeasure(entity.m_class) != '\0' ? formatted("%.9g", model.geometry().measure(entity.m_number))
-                                                   : "";
+            *unitOfMeasure(entity.m_class) != '\0'
+                ? formatted("%.9g", model.geometry().measure(entity.m_number))
+                : "";
         text += formatted("%9u %5d %-14.14s %6u %16s %-3s ", entity.m_number,
                           static_cast<int>(entity.m_class),
                           std::string(host::geometry::typeNameOf(entity.m_class)).c_str(),

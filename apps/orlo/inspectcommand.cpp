@@ -1,8 +1,8 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/geometryreport.h"
+#include "apps/orlo/loadmodel.h"
 #include "apps/orlo/session.h"
-#include "host/geometry/geometryimport.h"
 
 #include <cstdio>
 
@@ -11,16 +11,7 @@ namespace vrn::orlo::app {
 int inspect(InspectOptions const& options)
 {
     Session session;
-    ProgressLine progress;
-    host::model::Model const model(
-        host::geometry::importGeometry(
-            options.m_file,
-            [&progress](double fraction, std::string const& step) { progress.show(fraction, step); }),
-        session.kernel().typeRegistry());
-    progress.wipe();
-    for (std::string const& warning : model.geometry().m_warnings) {
-        reportWarning(warning);
-    }
+    host::model::Model const model = loadModel(session, options.m_file);
     std::string const report =
         options.m_json
             ? jsonReport(model)

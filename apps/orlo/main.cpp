@@ -56,8 +56,8 @@ int main(int argc, char** argv)
     run->add_option("--out", runOptions.m_out, "Folder for the outputs (default: out/<study>)");
     run->add_flag("--json", runOptions.m_json, "Print the report as JSON");
 
-    CLI::App* const doctor =
-        orlo.add_subcommand("doctor", "Tell what the component says of itself and which services answer");
+    CLI::App* const doctor = orlo.add_subcommand(
+        "doctor", "Tell what the component says of itself and which services answer");
 
     try {
         orlo.parse(argc, argv);

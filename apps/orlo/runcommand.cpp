@@ -1,8 +1,8 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/geometryreport.h"
+#include "apps/orlo/loadmodel.h"
 #include "apps/orlo/session.h"
-#include "host/geometry/geometryimport.h"
 #include "host/study/atomicfile.h"
 #include "host/study/study.h"
 
@@ -32,19 +32,11 @@ int run(RunOptions const& options)
     fs::path const folder = options.m_out.empty() ? fs::path("out") / study.m_name : options.m_out;
 
     Session session;
-    ProgressLine progress;
-    host::model::Model const model(
-        host::geometry::importGeometry(
-            study.m_geometry,
-            [&progress](double fraction, std::string const& step) { progress.show(fraction, step); }),
-        session.kernel().typeRegistry());
-    progress.wipe();
-    for (std::string const& warning : model.geometry().m_warnings) {
-        reportWarning(warning);
-    }
+    host::model::Model const model = loadModel(session, study.m_geometry);
 
     std::string const tree = textReport(model, ReportDepth::tree);
-    std::string const json = options.m_json || !study.m_outputs.m_json.empty() ? jsonReport(model) : "";
+    std::string const json =
+        options.m_json || !study.m_outputs.m_json.empty() ? jsonReport(model) : "";
     std::string const& printed = options.m_json ? json : tree;
     std::fwrite(printed.data(), 1, printed.size(), stdout);
     std::fflush(stdout);

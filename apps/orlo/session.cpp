@@ -9,8 +9,8 @@ namespace vrn::orlo::app {
 
 namespace {
 
-// This program links the component's exported classes, so that it is in the process already; asked for
-// by this name the loader gives the framework that same copy.
+// This program links the component's exported classes, so that it is in the process already; asked
+// for by this name the loader gives the framework that same copy.
 constexpr char const* kComponentLibrary = "libModelingPluginUtilities.so";
 
 }  // namespace
@@ -20,15 +20,16 @@ Session::Session(host::kernel::Kernel::Options const& options)
 {
     m_component = &m_kernel->loadComponent(kComponentLibrary);
     KFRResult result;
-    KFRIService const service = m_kernel->services().getService(servicenames::kUtilities, "", result);
+    KFRIService const service =
+        m_kernel->services().getService(servicenames::kUtilities, "", result);
     m_connected =
         KFR::loose_cast<plugin::modeling::KFRIModelingUtilitiesInterface>(service) != KFR::NULLSP;
 }
 
 Session::~Session()
 {
-    // Types first: dropping them still needs the registry, which the service cache would fetch again
-    // had it been emptied before.
+    // Types first: dropping them still needs the registry, which the service cache would fetch
+    // again had it been emptied before.
     plugin::modeling::EntityTypeID::unRegister();
     plugin::modeling::ServiceHelper::releaseServices();
     m_kernel->stop();

@@ -1,5 +1,6 @@
 /// \file
-/// One run of the application: the host, the component in it, and the plug-in that owns the component.
+/// One run of the application: the host, the component in it, and the plug-in that owns the
+/// component.
 
 #pragma once
 
@@ -12,8 +13,9 @@
 
 namespace vrn::orlo::app {
 
-/// Starts the host, loads the component and asks for its service, which connects the library's classes
-/// with the host's services; and takes all that down again in the order that the library asks for.
+/// Starts the host, loads the component and asks for its service, which connects the library's
+/// classes with the host's services; and takes all that down again in the order that the library
+/// asks for.
 ///
 /// Failure    What the host throws when the component cannot be loaded.
 /// Threads    Main thread; one session at a time.

@@ -23,8 +23,8 @@ void keep(T const& value)
 
 /// Comparisons of one program, printed as they are made.
 ///
-/// A comparison is subject, peer, subject, peer ...: what disturbs the machine disturbs both, and the
-/// medians leave the odd disturbance out.
+/// A comparison is subject, peer, subject, peer ...: what disturbs the machine disturbs both, and
+/// the medians leave the odd disturbance out.
 ///
 /// Units      Times in milliseconds of one run. The bound is a ratio, subject over peer.
 /// Failure    A ratio above its bound by more than kNoise is OVER, and exitStatus() is 1.
@@ -34,16 +34,17 @@ public:
     static constexpr double kNoise = 0.05;
     static constexpr std::size_t kRounds = 15;
 
-    /// Lets the heap keep its pages for the length of the process. Otherwise a large block comes from
-    /// the heap or from the kernel depending on what was freed before, and the order of the comparisons
-    /// decides their ratios.
+    /// Lets the heap keep its pages for the length of the process. Otherwise a large block comes
+    /// from the heap or from the kernel depending on what was freed before, and the order of the
+    /// comparisons decides their ratios.
     Ratios()
     {
         mallopt(M_MMAP_MAX, 0);
         mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     }
 
-    /// \param subject, peer  callables; each call is one run. A run below a millisecond should loop.
+    /// \param subject, peer  callables; each call is one run. A run below a millisecond should
+    /// loop.
     template <class Subject, class Peer>
     void compare(char const* name, double bound, Subject&& subject, Peer&& peer)
     {

@@ -4,7 +4,7 @@
 /// Exit status: 0 written, 1 a shape came out wrong or the file could not be written, 2 usage.
 /// The file is the same in every run, its time stamp included.
 
-#include "bracketparts.h"
+#include "examples/bracket/bracketparts.h"
 
 #include <APIHeaderSection_MakeHeader.hxx>
 #include <Interface_Static.hxx>

@@ -1,4 +1,4 @@
-#include "bracketparts.h"
+#include "examples/bracket/bracketparts.h"
 
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>

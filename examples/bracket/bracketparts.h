@@ -72,7 +72,8 @@ inline constexpr std::array kBoltPlaces{
     BoltPlace{-size::kHoleX, size::kHoleBackY, 45.0},
 };
 
-/// A solid; origin in the middle of the top face, x and y those of the assembly. ShapeError when the kernel fails.
+/// A solid; origin in the middle of the top face, x and y those of the assembly. ShapeError when
+/// the kernel fails; so with the parts below.
 [[nodiscard]] TopoDS_Shape makeBasePlate();
 
 /// A solid; origin on the foot's underside, x and y those of the assembly.

@@ -45,8 +45,8 @@ enum class EntityClass : std::uint8_t {
 struct Entity {
     unsigned m_number = 0;  ///< The entity's number in the model, from 1. Unique over all classes.
     EntityClass m_class = EntityClass::vertex;
-    unsigned m_part = 0;      ///< Index of its part in GeometryModel::parts().
-    unsigned m_body = 0;      ///< Number of the body it belongs to; its own number for a body.
+    unsigned m_part = 0;  ///< Index of its part in GeometryModel::parts().
+    unsigned m_body = 0;  ///< Number of the body it belongs to; its own number for a body.
 };
 
 /// An axis-aligned box in mm. Empty when no corner was ever added.
@@ -76,12 +76,12 @@ struct Counts {
 
 /// A part: geometry that is stored once, however often the assembly uses it.
 struct Part {
-    std::string m_name;           ///< UTF-8, as the file gives it; never empty.
-    unsigned m_firstEntity = 0;   ///< Range of its entities in GeometryModel::entities().
+    std::string m_name;          ///< UTF-8, as the file gives it; never empty.
+    unsigned m_firstEntity = 0;  ///< Range of its entities in GeometryModel::entities().
     unsigned m_entityCount = 0;
     unsigned m_instanceCount = 0;  ///< How many leaves of the tree use it.
     Counts m_counts;
-    Box m_box;               ///< In part coordinates.
+    Box m_box;  ///< In part coordinates.
 };
 
 /// Rotation, scale and translation, row-major, three rows of four: the part's coordinates to the
@@ -96,7 +96,7 @@ struct Placement {
 struct Instance {
     static constexpr int kNoPart = -1;
 
-    std::string m_name;         ///< The occurrence's own name, UTF-8; the product's name if it has none.
+    std::string m_name;         ///< The occurrence's own name; the product's if it has none. UTF-8.
     std::string m_productName;  ///< Name of the part or assembly that is placed here.
     int m_part = kNoPart;       ///< Index of the part for a leaf.
     Placement m_placement;      ///< Relative to the parent.
@@ -105,8 +105,8 @@ struct Instance {
 
 /// The length unit of the imported file.
 struct LengthUnit {
-    std::string m_name;               ///< "millimetre", "inch", ...; "none" when the file states none.
-    double m_millimetres = 1.0;       ///< How many mm one unit is.
+    std::string m_name;          ///< "millimetre", "inch", ...; "none" when the file states none.
+    double m_millimetres = 1.0;  ///< How many mm one unit is.
 };
 
 class ShapeStore;  // the kernel's shapes, in shapestore.h, for the sources of this module only
@@ -114,8 +114,8 @@ class ShapeStore;  // the kernel's shapes, in shapestore.h, for the sources of t
 /// An imported file.
 ///
 /// Units      mm, mm2, mm3, whatever the unit of the file was.
-/// Order      Entities of a part stand together: bodies, volumes, faces, edges, vertices, each in the
-///            kernel's map order. Two imports of one file give the same numbers.
+/// Order      Entities of a part stand together: bodies, volumes, faces, edges, vertices, each in
+///            the kernel's map order. Two imports of one file give the same numbers.
 /// Ownership  Move-only. Spans and references live as long as the model.
 /// Threads    Const operations may run on several threads.
 class GeometryModel {
@@ -125,15 +125,15 @@ public:
     GeometryModel& operator=(GeometryModel&&) noexcept;
     ~GeometryModel();
 
-    std::string m_sourceFile;            ///< The path as it was given.
-    LengthUnit m_unit;                   ///< The file's own length unit.
-    std::vector<std::string> m_warnings; ///< One line each, for the user.
-    std::vector<Instance> m_roots;       ///< The free assemblies and parts of the file, in its order.
-    std::vector<Part> m_parts;           ///< In the order of their first use in the tree.
-    std::vector<Entity> m_entities;      ///< Entity number n stands at index n - 1.
-    Counts m_totals;                     ///< Over all instances: a part used twice counts twice.
-    unsigned m_assemblyCount = 0;        ///< Distinct assemblies (products with components).
-    Box m_box;                           ///< Over all instances, in model coordinates.
+    std::string m_sourceFile;             ///< The path as it was given.
+    LengthUnit m_unit;                    ///< The file's own length unit.
+    std::vector<std::string> m_warnings;  ///< One line each, for the user.
+    std::vector<Instance> m_roots;   ///< The free assemblies and parts of the file, in its order.
+    std::vector<Part> m_parts;       ///< In the order of their first use in the tree.
+    std::vector<Entity> m_entities;  ///< Entity number n stands at index n - 1.
+    Counts m_totals;                 ///< Over all instances: a part used twice counts twice.
+    unsigned m_assemblyCount = 0;    ///< Distinct assemblies (products with components).
+    Box m_box;                       ///< Over all instances, in model coordinates.
 
     /// The entities of a part, in number order. An index out of range gives an empty span.
     [[nodiscard]] std::span<Entity const> entitiesOf(std::size_t part) const noexcept;
@@ -141,16 +141,16 @@ public:
     /// The entity of a number; nullptr for a number that the model does not have.
     [[nodiscard]] Entity const* entity(unsigned number) const noexcept;
 
-    /// Numbers of the entities directly or indirectly below `number` that are of the class, ascending.
+    /// Numbers of the entities directly or indirectly below `number` of the class, ascending.
     [[nodiscard]] std::vector<unsigned> children(unsigned number, EntityClass entityClass) const;
 
     /// Numbers of the entities above `number` that are of the class, ascending.
     [[nodiscard]] std::vector<unsigned> parents(unsigned number, EntityClass entityClass) const;
 
-    /// What an entity measures, in part coordinates: mm3 of a volume and of a 3D body, mm2 of a face
-    /// and of a 2D body, mm of an edge and of a 1D body; 0 of a vertex, and for a number that the
-    /// model does not have. Computed at the first question and then kept: for all entities of a
-    /// large model it takes about half as long as its import.
+    /// What an entity measures, in part coordinates: mm3 of a volume and of a 3D body, mm2 of a
+    /// face and of a 2D body, mm of an edge and of a 1D body; 0 of a vertex, and for a number that
+    /// the model does not have. Computed at the first question and then kept: for all entities of
+    /// a large model it takes about half as long as its import.
     [[nodiscard]] double measure(unsigned number) const;
 
     /// mm3 of all volumes of a part; 0 for an index out of range. Costs as measure() does.

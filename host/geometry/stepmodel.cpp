@@ -136,32 +136,29 @@ public:
     void tell(StepFacts& facts) const
     {
         std::map<void const*, std::size_t> open = m_uppers;
-        std::vector<void const*> level;
+        std::vector<void const*> taken;  // in levels, one behind the other
         for (auto const& [product, uppers] : open) {
             if (uppers == 0) {
-                level.push_back(product);
+                taken.push_back(product);
             }
         }
-        std::size_t taken = 0;
         std::size_t depth = 0;
-        while (!level.empty()) {
+        for (std::size_t first = 0; first < taken.size();) {
             ++depth;
-            taken += level.size();
-            std::vector<void const*> next;
-            for (void const* const product : level) {
-                auto const lower = m_lower.find(product);
+            std::size_t const last = taken.size();
+            for (; first < last; ++first) {
+                auto const lower = m_lower.find(taken[first]);
                 if (lower == m_lower.end()) {
                     continue;
                 }
                 for (void const* const child : lower->second) {
                     if (--open[child] == 0) {
-                        next.push_back(child);
+                        taken.push_back(child);
                     }
                 }
             }
-            level = std::move(next);
         }
-        facts.m_hasCycle = taken != m_uppers.size();
+        facts.m_hasCycle = taken.size() != m_uppers.size();
         facts.m_depth = facts.m_hasCycle ? 0 : depth;
     }
 

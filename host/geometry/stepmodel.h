@@ -17,11 +17,12 @@ namespace vrn::orlo::host::geometry {
 /// What the records say beside the shapes.
 struct StepFacts {
     LengthUnit m_unit;
-    std::vector<std::string> m_otherUnits;      ///< Names of further units in use.
-    std::set<std::string> m_bareOccurrenceIds;  ///< Ids of occurrences without name and description.
-    std::size_t m_brokenRecords = 0;            ///< Records that miss or misuse what they refer to.
-    bool m_hasCycle = false;  ///< A product holds itself, over however many levels.
-    std::size_t m_depth = 0;  ///< Levels of the deepest product; 0 with a cycle.
+    std::vector<std::string> m_otherUnits;  ///< Names of further units in use.
+    std::set<std::string>
+        m_bareOccurrenceIds;          ///< Ids of occurrences without name and description.
+    std::size_t m_brokenRecords = 0;  ///< Records that miss or misuse what they refer to.
+    bool m_hasCycle = false;          ///< A product holds itself, over however many levels.
+    std::size_t m_depth = 0;          ///< Levels of the deepest product; 0 with a cycle.
 };
 
 [[nodiscard]] StepFacts factsOf(StepData_StepModel const& model);

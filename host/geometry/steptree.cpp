@@ -3,6 +3,7 @@
 #include "host/geometry/modelbuilder.h"
 #include "host/geometry/textdecoding.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -54,6 +55,15 @@ Placement placementOf(TopLoc_Location const& location)
     return placement;
 }
 
+/// The kernel makes components without any name of what a product has of its own beside its
+/// occurrences: when it has geometry in several representations, for instance.
+bool isOwnGeometry(TDF_Label const& component)
+{
+    TDF_Label product;
+    return XCAFDoc_ShapeTool::GetReferredShape(component, product) && nameOf(component).empty() &&
+           nameOf(product).empty() && !XCAFDoc_ShapeTool::IsAssembly(product);
+}
+
 class TreeReader {
 public:
     TreeReader(GeometryModel& model, std::set<std::string> const& bareIds)
@@ -78,6 +88,9 @@ public:
         TDF_LabelSequence components;
         if (XCAFDoc_ShapeTool::IsAssembly(product)) {
             XCAFDoc_ShapeTool::GetComponents(product, components);
+        }
+        if (std::all_of(components.begin(), components.end(), isOwnGeometry)) {
+            components.Clear();
         }
         Product const& known = productOf(product, owner, components.Length() > 0);
         if (known.m_isEmpty) {

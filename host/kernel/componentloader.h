@@ -35,8 +35,9 @@ struct Component {
 /// construction, the initialisation when it is told to.
 ///
 /// Failure    ComponentError.
-/// Ownership  A library once loaded stays for the life of the process, and so may all that came
-/// from it. Threads    Main thread.
+/// Ownership  A library once loaded stays for the life of the process, and so may all that came from
+///            it.
+/// Threads    Main thread.
 class ComponentLoader {
 public:
     /// \param path  a path, or a plain file name for the system's library search

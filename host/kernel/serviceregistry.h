@@ -35,8 +35,7 @@ enum ServiceFailure : int {
 /// It is the components' provider, publisher and service access in one object.
 ///
 /// Failure    As ServiceFailure says. What a maker throws becomes kNotMade; only the look-up
-/// without a
-///            result throws, KFRSystemException.
+///            without a result throws, KFRSystemException.
 /// Ownership  Owns makers, factories and the instances of single services until stop(). Whoever was
 ///            given an instance may keep it beyond.
 /// Threads    Any thread. No lock is held while a maker or factory runs, so that they may look for
@@ -51,8 +50,8 @@ public:
     using Maker = std::function<KFRIService()>;
 
     /// Registers a service of the host.
-    /// \param single  one instance serves all, made at the first request; else each request makes
-    /// one
+    /// \param single  one instance serves all, made at the first request; else each request
+    ///                makes one
     KFRResult addService(std::string const& name, Maker maker, bool single = true);
 
     /// Makes a component's service table known, which look-ups may name in their parameters.
@@ -84,8 +83,7 @@ public:
     KFRSmartPointer<KFRIServiceFactoryInterface> getKFRIServiceFactory() override { return {}; }
     /// Null: the registry is the framework's own.
     KFRIService getHeldReference() override { return {}; }
-    /// The further provider is asked for names that are not registered here, in the order of
-    /// adding.
+    /// A further provider is asked for names that are not registered here, in the order of adding.
     KFRResult addNewProvider(
         KFRSmartPointer<KFRIServiceProviderInterface> const& provider) override;
     int compareReferenceCount(int count) override { return referenceCount() - count; }

@@ -1,6 +1,6 @@
 /// \file
-/// The model that the host holds: parts as objects of the platform, and a reference for everything that
-/// the geometry has.
+/// The model that the host holds: parts as objects of the platform, and a reference for everything
+/// that the geometry has.
 
 #pragma once
 
@@ -41,12 +41,12 @@ public:
 
     [[nodiscard]] geometry::GeometryModel const& geometry() const noexcept { return m_geometry; }
 
-    /// Reference of a topological entity: its part as the service, the type of its class, its number.
-    /// The empty reference for a number that the model does not have.
+    /// Reference of a topological entity: its part as the service, the type of its class, its
+    /// number. The empty reference for a number that the model does not have.
     [[nodiscard]] CAE::EntityReference reference(unsigned number) const;
 
-    /// Reference of a part as such: "Simulation.Part", numbered from 1 in the order of the parts. The
-    /// empty reference for an index out of range.
+    /// Reference of a part as such: "Simulation.Part", numbered from 1 in the order of the parts.
+    /// The empty reference for an index out of range.
     [[nodiscard]] CAE::EntityReference partReference(std::size_t part) const;
 
     /// Type name of a node of the assembly tree.

@@ -10,16 +10,31 @@ namespace vrn::orlo::host::study {
 
 namespace {
 
-[[noreturn]] void refuseUnknown(KeyPlace const& place, std::string_view key,
+/// Throws for "geometry:bracket.step", which to the parser is one long key without a value.
+void refuseColonWithoutBlank(KeyPlace const& place, DocumentNode const& child,
+                             std::span<KeyRule const> rules)
+{
+    std::string_view const key = std::string_view(child.m_key).substr(0, child.m_key.find(':'));
+    bool const isKnown = std::any_of(rules.begin(), rules.end(),
+                                     [&](KeyRule const& rule) { return rule.m_key == key; });
+    if (isKnown && child.m_kind == NodeKind::empty) {
+        throw StudyError(
+            place, "lacks the blank after its colon; write " +
+                       inQuotes(std::string(key) + ": " + child.m_key.substr(key.size() + 1)));
+    }
+}
+
+[[noreturn]] void refuseUnknown(KeyPlace const& place, DocumentNode const& child,
                                 std::span<KeyRule const> rules)
 {
+    refuseColonWithoutBlank(place, child, rules);
     std::vector<std::string_view> known;
     known.reserve(rules.size());
     for (KeyRule const& rule : rules) {
         known.push_back(rule.m_key);
     }
     std::string reason = "is no known key; ";
-    if (std::string_view const nearest = nearestKey(key, known); !nearest.empty()) {
+    if (std::string_view const nearest = nearestKey(child.m_key, known); !nearest.empty()) {
         reason += "did you mean " + inQuotes(nearest) + "? ";
     }
     reason += "known here: ";
@@ -67,7 +82,7 @@ void checkKeys(KeyPlace const& place, DocumentNode const& map, std::span<KeyRule
         auto const rule = std::find_if(rules.begin(), rules.end(),
                                        [&](KeyRule const& r) { return r.m_key == child.m_key; });
         if (rule == rules.end()) {
-            refuseUnknown(childPlace, child.m_key, rules);
+            refuseUnknown(childPlace, child, rules);
         }
         checkKind(childPlace, child, *rule);
     }
@@ -79,8 +94,7 @@ void checkKeys(KeyPlace const& place, DocumentNode const& map, std::span<KeyRule
             DocumentNode missing;
             missing.m_line = place.m_line;
             missing.m_key = rule.m_key;
-            throw StudyError(placeOfKey(place, missing),
-                             "is missing, and a study needs it" + exampleOf(rule));
+            throw StudyError(placeOfKey(place, missing), "is missing" + exampleOf(rule));
         }
     }
 }

@@ -50,9 +50,10 @@ void readJsonOutput(KeyPlace const& place, DocumentNode const& value, StudyOutpu
 }
 
 // clang-format off
+using OutputRow = KeyRow<StudyOutputs>;
 constexpr std::array kOutputKeys{
-    KeyRow<StudyOutputs>{{"tree", Need::optional, NodeKind::text, "tree: tree.txt"}, readTreeOutput},
-    KeyRow<StudyOutputs>{{"json", Need::optional, NodeKind::text, "json: model.json"}, readJsonOutput},
+    OutputRow{{"tree", Need::optional, NodeKind::text, "tree: tree.txt"}, readTreeOutput},
+    OutputRow{{"json", Need::optional, NodeKind::text, "json: model.json"}, readJsonOutput},
 };
 // clang-format on
 
@@ -80,10 +81,13 @@ void readOutputs(KeyPlace const& place, DocumentNode const& value, Study& study)
 }
 
 // clang-format off
+using StudyRow = KeyRow<Study>;
 constexpr std::array kStudyKeys{
-    KeyRow<Study>{{"study", Need::optional, NodeKind::text, "study: bracket"}, readName},
-    KeyRow<Study>{{"geometry", Need::required, NodeKind::text, "geometry: bracket.step"}, readGeometry},
-    KeyRow<Study>{{"outputs", Need::optional, NodeKind::map, "outputs: {tree: tree.txt}"}, readOutputs},
+    StudyRow{{"study", Need::optional, NodeKind::text, "study: bracket"}, readName},
+    StudyRow{{"geometry", Need::required, NodeKind::text, "geometry: bracket.step"},
+             readGeometry},
+    StudyRow{{"outputs", Need::optional, NodeKind::map, "outputs: {tree: tree.txt}"},
+             readOutputs},
 };
 // clang-format on
 

@@ -15,6 +15,19 @@ std::string oneLine(std::string text)
     return text;
 }
 
+/// The text, or its beginning and dots. No character is cut in two.
+std::string shortened(std::string_view text, std::size_t longest)
+{
+    auto const continuesACharacter = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+    };
+    std::size_t length = std::min(text.size(), longest);
+    while (length > 0 && length < text.size() && continuesACharacter(text[length])) {
+        --length;
+    }
+    return std::string(text.substr(0, length)) + (length < text.size() ? "..." : "");
+}
+
 std::string messageOf(KeyPlace const& place, std::string_view reason)
 {
     std::string text = place.m_file.string();
@@ -23,7 +36,8 @@ std::string messageOf(KeyPlace const& place, std::string_view reason)
     }
     text += ": ";
     if (!place.m_key.empty()) {
-        text += place.m_key + ": ";
+        constexpr std::size_t kLongestKey = 120;
+        text += shortened(place.m_key, kLongestKey) + ": ";
     }
     return oneLine(text.append(reason));
 }
@@ -38,15 +52,7 @@ StudyError::StudyError(KeyPlace place, std::string_view reason)
 std::string inQuotes(std::string_view text)
 {
     constexpr std::size_t kLongest = 60;
-    auto const continuesACharacter = [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-    };
-    std::size_t length = std::min(text.size(), kLongest);
-    while (length > 0 && length < text.size() && continuesACharacter(text[length])) {
-        --length;
-    }
-    std::string const shown(text.substr(0, length));
-    return "'" + shown + (length < text.size() ? "...'" : "'");
+    return "'" + shortened(text, kLongest) + "'";
 }
 
 }  // namespace vrn::orlo::host::study

@@ -1,6 +1,6 @@
 /// \file
-/// Application frame: what the library asks of its services so far. An interface without operations is
-/// known by its name only; operations are added with the class that first calls them.
+/// Application frame: what the library asks of its services so far. An interface without operations
+/// is known by its name only; operations are added with the class that first calls them.
 
 #pragma once
 

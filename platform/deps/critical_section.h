@@ -20,9 +20,11 @@ public:
     }
 };
 
-/// Mutual exclusion between threads; entering again on the holding thread throws instead of hanging.
+/// Mutual exclusion between threads; entering again on the holding thread throws instead of
+/// hanging.
 ///
-/// Threads    Any. The owner's id is read relaxed: only the owning thread can ever see its own there.
+/// Threads    Any. The owner's id is read relaxed: only the owning thread can ever see its own
+///            there.
 class critical_section {
 public:
     critical_section() = default;

@@ -7,8 +7,8 @@
 
 namespace KFR::EOM {
 
-/// Makes and finds objects of the object model. The same object answers for its dependencies and its
-/// utilities.
+/// Makes and finds objects of the object model. The same object answers for its dependencies and
+/// its utilities.
 class IEOMObjectFactoryInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.EOM.IEOMObjectFactory")
 };

@@ -95,8 +95,8 @@ template <class T>
     // clang-format on
 }
 
-/// What a value is kept as: `long` as the 64-bit integer that it is here, literals as strings, typed
-/// handles and the null handle as service handles; everything else as itself.
+/// What a value is kept as: `long` as the 64-bit integer that it is here, literals as strings,
+/// typed handles and the null handle as service handles; everything else as itself.
 template <class T>
 struct StoredAs {
     using type = T;
@@ -128,29 +128,37 @@ struct StoredAs<NullServicePointer> {
 template <class T>
 using StoredAsT = typename StoredAs<std::decay_t<T>>::type;
 
-/// A value that a KFRAny takes: those with a kind of their own, and records. Pointers, enumerations and
-/// the remaining arithmetic types are refused, lest they pass for a record.
+/// A value that a KFRAny takes: those with a kind of their own, and records. Pointers, enumerations
+/// and the remaining arithmetic types are refused, lest they pass for a record.
 template <class T>
 concept AnyValue = std::copy_constructible<T> &&
     (anyKindOf<T>() != AnyKind::structure || std::is_class_v<T>);
+
+/// What may be put in: everything with such a value, but no KFRAny itself.
+template <class T>
+concept Storable = !std::same_as<std::decay_t<T>, KFRAny> && AnyValue<StoredAsT<T>>;
+
+/// What may be taken out as it is: all of that but handles, which come out by a cast.
+template <class T>
+concept Extractable = Storable<T> && !kIsHandle<T>;
 
 }  // namespace detail
 }  // namespace KFR
 
 /// A value of any kind, with its kind number.
 ///
-/// `operator<<=` puts a value in, `operator>>=` takes it out and answers false, with the target as it
-/// was, unless the kind matches exactly: an int is no 64-bit integer. Sequences and records match by
-/// their element and record type as well. A handle comes out as any interface that its object has.
+/// `operator<<=` puts a value in, `operator>>=` takes it out and answers false, with the target as
+/// it was, unless the kind matches exactly: an int is no 64-bit integer. Sequences and records
+/// match by their element and record type as well. A handle comes out as any interface that its
+/// object has.
 ///
 /// Ownership  Values are copied in and out. Up to 32 bytes are kept in place.
 /// Threads    One object is one thread's.
 class KFRAny {
 public:
     KFRAny() noexcept = default;
-    template <class T>
-    requires(!std::same_as<std::decay_t<T>, KFRAny> &&
-             KFR::detail::AnyValue<KFR::detail::StoredAsT<T>>) explicit KFRAny(T&& value)
+    template <KFR::detail::Storable T>
+    explicit KFRAny(T&& value)
     {
         emplace<KFR::detail::StoredAsT<T>>(std::forward<T>(value));
     }
@@ -347,19 +355,15 @@ private:
 };
 
 /// Puts a value in, in place of what was there.
-template <class T>
-requires(!std::same_as<std::decay_t<T>, KFRAny> &&
-         KFR::detail::AnyValue<KFR::detail::StoredAsT<T>>) void
-operator<<=(KFRAny& any, T&& value)
+template <KFR::detail::Storable T>
+void operator<<=(KFRAny& any, T&& value)
 {
     any.set(std::forward<T>(value));
 }
 
 /// Takes the value out. False, with `value` as it was, when the kinds differ.
-template <class T>
-requires(!KFR::detail::kIsHandle<T> && !std::same_as<T, KFRAny> &&
-         KFR::detail::AnyValue<KFR::detail::StoredAsT<T>>) bool
-operator>>=(KFRAny const& any, T& value)
+template <KFR::detail::Extractable T>
+bool operator>>=(KFRAny const& any, T& value)
 {
     auto const* const held = any.get<KFR::detail::StoredAsT<T>>();
     if (held == nullptr) {

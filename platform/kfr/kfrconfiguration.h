@@ -19,7 +19,7 @@ class KFRIConfigurationInterface : public KFRIServiceInterface {
 
     /// Loads a file into the configuration.
     /// \param section  the part of the file to take; empty for all
-    /// \param mode, reserved, timeout  the framework's; callers pass the numbers that they always have
+    /// \param mode, reserved, timeout  the framework's; callers pass what they always have
     virtual KFRResult load(icu::UnicodeString const& file, icu::UnicodeString const& section,
                            int mode, int reserved, int timeout) = 0;
     virtual KFRResult readBool(icu::UnicodeString const& key, bool& value) = 0;

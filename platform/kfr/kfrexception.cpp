@@ -2,7 +2,9 @@
 
 #include <utility>
 
-KFRException::KFRException(int code, std::string text) : m_code(code), m_text(std::move(text)) {}
+KFRException::KFRException(int code, std::string text) : m_code(code), m_text(std::move(text))
+{
+}
 KFRException::KFRException(KFRException const&) = default;
 KFRException& KFRException::operator=(KFRException const&) = default;
 

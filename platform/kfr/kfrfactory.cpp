@@ -23,7 +23,10 @@ public:
         auto const handle = loose_cast<KFRIServiceAccess>(m_provider);
         return handle != NULLSP ? KFRIService(handle) : KFRIService(m_provider);
     }
-    KFRSmartPointer<KFRIServiceProviderInterface> getServiceProvider() override { return m_provider; }
+    KFRSmartPointer<KFRIServiceProviderInterface> getServiceProvider() override
+    {
+        return m_provider;
+    }
     KFRSmartPointer<KFRIServicePublisherInterface> getServicePublisher() override
     {
         return m_publisher;
@@ -44,8 +47,8 @@ KFRFactory::KFRFactory(KFRSmartPointer<KFRIServicePublisherInterface> publisher,
     : m_publisher(publisher.get()), m_name(std::move(name))
 {
     if (publisher != NULLSP) {
-        static_cast<void>(publisher->publishFactory(m_name, this, single, majorVersion, minorVersion,
-                                                    buildData));
+        static_cast<void>(
+            publisher->publishFactory(m_name, this, single, majorVersion, minorVersion, buildData));
     }
 }
 

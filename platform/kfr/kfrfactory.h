@@ -13,10 +13,10 @@ namespace KFR::Framework {
 
 /// A factory that registers itself under a service name and asks its class for each instance.
 ///
-/// Ownership  Belongs to the publisher from its construction on. Without a publisher it belongs to its
-///            maker, who holds the first reference.
-/// Failure    getServiceInstance gives null and KFR::notDone for another name than its own and when the
-///            class makes nothing. What the instance's constructor throws passes through.
+/// Ownership  Belongs to the publisher from its construction on. Without a publisher it belongs to
+///            its maker, who holds the first reference.
+/// Failure    getServiceInstance gives null and KFR::notDone for another name than its own and when
+///            the class makes nothing. What the instance's constructor throws passes through.
 class KFR_API KFRFactory : public KFRServiceObjectImpl<KFRIServiceFactoryInterface> {
 public:
     KFRFactory(KFRSmartPointer<KFRIServicePublisherInterface> publisher, std::string name,

@@ -16,7 +16,8 @@ class KFRIServiceFactoryInterface;
 
 /// Finds services by name.
 ///
-/// Failure    Null, with `result` telling why; a service that is known to nobody gives KFR::notDone.
+/// Failure    Null, with `result` telling why; a service that is known to nobody gives
+///            KFR::notDone.
 class KFRIServiceProviderInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.Framework.KFRIServiceProvider")
 
@@ -30,9 +31,9 @@ class KFRIServiceProviderInterface : public KFRIServiceInterface {
 class KFRIServicePublisherInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.Framework.KFRIServicePublisher")
 
-    /// Registers a factory under a service name and becomes its owner: the reference that the factory
-    /// was made with goes over to the publisher. Called from the factory's constructor, so nothing may
-    /// be asked of the factory before the call has returned.
+    /// Registers a factory under a service name and becomes its owner: the reference that the
+    /// factory was made with goes over to the publisher. Called from the factory's constructor, so
+    /// nothing may be asked of the factory before the call has returned.
     /// \param single     one instance serves all, made at the first request
     /// \param buildData  what the component's build produced; kept, not read
     virtual KFRResult publishFactory(std::string const& name, KFRIServiceFactoryInterface* factory,
@@ -55,8 +56,8 @@ class KFRIServiceFactoryInterface : public KFRIServiceInterface {
     virtual std::string getProperty(std::string const& key) = 0;
 };
 
-/// What a service instance is given when it is made. Lives for the length of the making only; what it
-/// hands out may be kept.
+/// What a service instance is given when it is made. Lives for the length of the making only; what
+/// it hands out may be kept.
 class KFRIFactoryAccess {
 public:
     KFRIFactoryAccess() = default;
@@ -73,7 +74,8 @@ protected:
     ~KFRIFactoryAccess() = default;
 };
 
-/// A service's access to the framework, in the order in which components compiled against it expect.
+/// A service's access to the framework, in the order in which components compiled against it
+/// expect.
 class KFRIServiceAccess : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.Framework.KFRIServiceAccess")
 
@@ -88,7 +90,8 @@ class KFRIServiceAccess : public KFRIServiceInterface {
     virtual KFRSmartPointer<KFRIServiceFactoryInterface> getKFRIServiceFactory() = 0;
     /// The reference that the access object itself holds on the framework; null for none.
     virtual KFRIService getHeldReference() = 0;
-    /// Whether the object lives in this process. With a body, so that a component need not answer it.
+    /// Whether the object lives in this process. With a body, so that a component need not answer
+    /// it.
     virtual bool isLocal() { return true; }
     /// Sets a further provider, which is asked for what the first one does not find.
     virtual KFRResult addNewProvider(
@@ -99,8 +102,8 @@ class KFRIServiceAccess : public KFRIServiceInterface {
     virtual void trackObject() = 0;
 };
 
-/// Answers what a component says of itself. The order of the fixed queries is the interface's own, not
-/// that of the key list.
+/// Answers what a component says of itself. The order of the fixed queries is the interface's own,
+/// not that of the key list.
 class KFRIServiceInfoInterface : public KFRIServiceInterface {
     KFR_INTERFACE_ID("KFR.Framework.KFRIServiceInfo", 0xae89535be7c13f9eULL, 0x8bc4dba870482a04ULL)
 

@@ -30,8 +30,8 @@ public:                                                                \
         return KFRTypeCode(record);                                    \
     }
 
-/// Answers of KFRIServiceInterface::getInterface. 0 is success; what is not listed is an error of the
-/// object's own.
+/// Answers of KFRIServiceInterface::getInterface. 0 is success; what is not listed is an error of
+/// the object's own.
 namespace KFR {
 enum InterfaceQueryResult : int {
     kInterfaceFound = 0,
@@ -59,13 +59,14 @@ class KFRIServiceInterface {
     virtual void addReference() = 0;
 
     /// Gives one reference back.
-    /// \param holder  where the caller keeps its pointer, set to null before the object can go; or null.
+    /// \param holder  where the caller keeps its pointer, set to null before the object can go; or
+    /// null.
     virtual void releaseReference(void** holder) = 0;
 
     /// Asks for another interface of the same object.
     /// \param id      the interface's identifier
     /// \param object  receives the pointer, with a reference added; untouched on failure
-    /// \return        0 on success, else one of KFR::InterfaceQueryResult or a code of the object's own
+    /// \return        0 on success, else one of KFR::InterfaceQueryResult or another code
     virtual int getInterface(KFRUUID const& id, void** object) = 0;
 
     /// Name of the object's class, for people: "vrn.orlo.plugin.modeling.Utilities:Utilities".

@@ -34,7 +34,8 @@ class KFRIServiceManagerInterface : public KFRIServiceInterface {
 
     /// Notes an object that the framework must see gone before it ends.
     virtual void trackInstance(long long id, std::string const& objectName) = 0;
-    /// Names of the objects that are noted and have not given their number back, in order of number.
+    /// Names of the objects that are noted and have not given their number back, in order of
+    /// number.
     virtual KFRSequence<std::string> getTrackedInstances() = 0;
 };
 

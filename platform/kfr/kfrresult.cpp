@@ -15,7 +15,9 @@ struct KFRResult::Block {
 
 KFRResult::KFRResult() noexcept = default;
 
-KFRResult::KFRResult(int code) noexcept : m_code(code) {}
+KFRResult::KFRResult(int code) noexcept : m_code(code)
+{
+}
 
 KFRResult::KFRResult(int code, int domain, int messageId) : m_code(code), m_block(new Block)
 {

@@ -15,8 +15,8 @@ class KFRSequence;
 
 namespace KFR {
 
-/// Code of an operation that was not done: what a local result starts with, and what a service that is
-/// missing leaves in place. A more telling code is to be preferred where there is one.
+/// Code of an operation that was not done: what a local result starts with, and what a service that
+/// is missing leaves in place. A more telling code is to be preferred where there is one.
 inline constexpr int notDone = 0x7FFFFFFF;
 
 /// Code of success.
@@ -24,13 +24,13 @@ inline constexpr int ok = 0;
 
 }  // namespace KFR
 
-/// Outcome of an operation: a code, and where there is something to say a counted block with a message
-/// domain, a message id and the message's parameters.
+/// Outcome of an operation: a code, and where there is something to say a counted block with a
+/// message domain, a message id and the message's parameters.
 ///
 /// Failure    The code 0 is success, every other value a failure. A default-made result is
 ///            KFR::notDone.
-/// Ownership  Copies refer to one block: a parameter that is added through one is seen through all. A
-///            result without a block gets one of its own with its first parameter.
+/// Ownership  Copies refer to one block: a parameter that is added through one is seen through all.
+///            A result without a block gets one of its own with its first parameter.
 /// Threads    The block's count is safe on any thread; its parameters are one thread's.
 class KFR_API KFRResult {
 public:

@@ -27,14 +27,16 @@
 ///
 /// Shape      Any number of elements up to 2^31 - 1.
 /// Order      As appended.
-/// Failure    std::out_of_range from at(), std::length_error and std::bad_alloc from growth, and what
-///            the copy of an element throws, with the sequence as it was. Indexing is not checked.
-/// Ownership  References and iterators hold until the next change of this sequence. One that changes
-///            elements holds only until the sequence is copied: what is written through it later is
-///            seen by the copies as well.
-/// Threads    Copies of one block may be read, copied and dropped on any thread; one sequence object
-///            is one thread's.
-/// Cost       Copy: one count. Append: amortised constant. First change of a shared block: its copy.
+/// Failure    std::out_of_range from at(), std::length_error and std::bad_alloc from growth, and
+///            what the copy of an element throws, with the sequence as it was. Indexing is not
+///            checked.
+/// Ownership  References and iterators hold until the next change of this sequence. One that
+///            changes elements holds only until the sequence is copied: what is written through it
+///            later is seen by the copies as well.
+/// Threads    Copies of one block may be read, copied and dropped on any thread; one sequence
+///            object is one thread's.
+/// Cost       Copy: one count. Append: amortised constant. First change of a shared block: its
+///            copy.
 template <class T>
 class KFRSequence {
 public:

@@ -9,7 +9,8 @@ KFRServiceAccess::KFRServiceAccess(KFRIFactoryAccess& access, bool tracked)
       m_publisher(access.getServicePublisher()),
       m_factory(access.getServiceFactory())
 {
-    if (KFRSmartPointer<KFRIServiceProviderInterface> const provider = access.getServiceProvider()) {
+    if (KFRSmartPointer<KFRIServiceProviderInterface> const provider =
+            access.getServiceProvider()) {
         m_providers.push_back(provider);
     }
     if (tracked) {
@@ -101,7 +102,8 @@ KFRIService KFRServiceAccess::getKFRIService()
 
 KFRSmartPointer<KFRIServiceProviderInterface> KFRServiceAccess::getKFRIServiceProvider()
 {
-    return m_providers.empty() ? KFRSmartPointer<KFRIServiceProviderInterface>() : m_providers.front();
+    return m_providers.empty() ? KFRSmartPointer<KFRIServiceProviderInterface>()
+                               : m_providers.front();
 }
 
 KFRSmartPointer<KFRIServicePublisherInterface> KFRServiceAccess::getKFRIServicePublisher()

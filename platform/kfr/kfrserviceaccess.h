@@ -14,14 +14,14 @@ namespace KFR::Framework {
 
 /// Implementation of a service's access to the framework, for a service class to forward to.
 ///
-/// It is no KFRIServiceAccess itself: the service class inherits that from its own access interface and
-/// forwards each operation here, so that the object has one count. The service class overrides the root
-/// operations as well; the last release deletes the whole object.
+/// It is no KFRIServiceAccess itself: the service class inherits that from its own access interface
+/// and forwards each operation here, so that the object has one count. The service class overrides
+/// the root operations as well; the last release deletes the whole object.
 ///
-/// Ownership  Made with one reference. Keeps handles on the provider, publisher and factory that it was
-///            given.
-/// Threads    Root operations and look-ups on any thread, as far as the provider allows; addNewProvider
-///            on the main thread.
+/// Ownership  Made with one reference. Keeps handles on the provider, publisher and factory that it
+///            was given.
+/// Threads    Root operations and look-ups on any thread, as far as the provider allows;
+///            addNewProvider on the main thread.
 class KFR_API KFRServiceAccess : public KFRIWeakReferenceSupportInterface {
 public:
     /// \param access   what the framework passes to the factory; not kept

@@ -6,11 +6,14 @@
 
 namespace KFR::Framework {
 
-/// One per object that was ever asked for a weak reference. The object's core holds one reference on it,
-/// so that both sides may go first.
+/// One per object that was ever asked for a weak reference. The object's core holds one reference
+/// on it, so that both sides may go first.
 class KFRObjectCore::WeakReference final : public KFRServiceObjectImpl<KFRIWeakReferenceInterface> {
 public:
-    WeakReference(KFRObjectCore& core, KFRIServiceInterface* object) : m_core(&core), m_object(object) {}
+    WeakReference(KFRObjectCore& core, KFRIServiceInterface* object)
+        : m_core(&core), m_object(object)
+    {
+    }
 
     KFRIService lock() override
     {
@@ -64,7 +67,8 @@ long long KFRObjectCore::instanceID() noexcept
     return seen;
 }
 
-KFRSmartPointer<KFRIWeakReferenceInterface> KFRObjectCore::weakReference(KFRIServiceInterface* object)
+KFRSmartPointer<KFRIWeakReferenceInterface> KFRObjectCore::weakReference(
+    KFRIServiceInterface* object)
 {
     WeakReference* seen = m_weak.load(std::memory_order_acquire);
     if (seen == nullptr) {

@@ -1,6 +1,6 @@
 /// \file
-/// The base on which objects of the platform are written: counting, interface queries, weak references
-/// and the instance number.
+/// The base on which objects of the platform are written: counting, interface queries, weak
+/// references and the instance number.
 
 #pragma once
 
@@ -42,8 +42,8 @@ public:
 
     void addReference() noexcept { m_count.add(); }
 
-    /// Gives one reference back and nulls `holder`. True when the object must be deleted now; its weak
-    /// references are empty by then.
+    /// Gives one reference back and nulls `holder`. True when the object must be deleted now; its
+    /// weak references are empty by then.
     [[nodiscard]] bool releaseReference(void** holder) noexcept
     {
         if (holder != nullptr) {
@@ -104,10 +104,10 @@ template <class I>
 /// KFRSmartPointer<HostClock> clock = KFR::make<HostClock>(arguments...);
 /// \endcode
 ///
-/// Ownership  Counted; make objects with KFR::make, never on the stack. A derived class that extends
-///            queryInterface answers more, such as the views of a part that it owns.
-/// Threads    The root operations may be called on any thread; the object is deleted on the thread of
-///            the last release.
+/// Ownership  Counted; make objects with KFR::make, never on the stack. A derived class that
+///            extends queryInterface answers more, such as the views of a part that it owns.
+/// Threads    The root operations may be called on any thread; the object is deleted on the thread
+///            of the last release.
 template <class... Is>
 class KFRServiceObjectImpl : public Is... {
 public:

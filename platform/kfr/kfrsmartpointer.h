@@ -37,10 +37,25 @@ namespace detail {
 [[nodiscard]] KFR_API bool isSameObject(KFRIServiceInterface* left,
                                         KFRIServiceInterface* right) noexcept;
 
+/// Handles whose pointers convert without a query, and those that need one.
+template <class From, class To>
+concept ConvertsToInterface = !std::same_as<From, To> && std::convertible_to<From*, To*>;
+template <class From, class To>
+concept NeedsCastToInterface = !std::same_as<From, To> && !std::convertible_to<From*, To*>;
+
+/// True of object classes, which stand for several interfaces.
+template <class T>
+concept HasOwnRoot = requires(T& object)
+{
+    object.kfrRoot();
+};
+
 /// A referenced interface of an object, or null. `error` receives getInterface's answer.
 template <class I>
 [[nodiscard]] I* query(KFRIServiceInterface* object, int& error)
 {
+    // An object class is not asked for: another class of object may answer its first interface.
+    static_assert(!HasOwnRoot<I>, "cast to an interface");
     void* found = nullptr;
     error = object->getInterface(I::kfrInterfaceId(), &found);
     return error == kInterfaceFound ? static_cast<I*>(found) : nullptr;
@@ -136,12 +151,13 @@ private:
     KFRTypeCode m_type;
 };
 
-/// Intrusive smart pointer on the interface `I`: the pointer, with the interface's type code beside it.
+/// Intrusive smart pointer on the interface `I`: the pointer, with the interface's type code beside
+/// it.
 ///
-/// A handle of another interface is cast on construction, strictly: KFRSystemException when the object
-/// lacks `I`; null stays null. KFR::loose_cast gives null instead of the exception. Handles are equal
-/// when they hold one object, whatever the interface. Adding and giving back references is a call into
-/// the object, so `I` must be complete where a handle is copied or destroyed.
+/// A handle of another interface is cast on construction, strictly: KFRSystemException when the
+/// object lacks `I`; null stays null. KFR::loose_cast gives null instead of the exception. Handles
+/// are equal when they hold one object, whatever the interface. Adding and giving back references
+/// is a call into the object, so `I` must be complete where a handle is copied or destroyed.
 template <class I>
 class KFRSmartPointer {
 public:
@@ -167,15 +183,13 @@ public:
     }
 
     /// From a class derived from `I`: no query.
-    template <class D>
-        requires(!std::same_as<D, I> && std::convertible_to<D*, I*>)
+    template <KFR::detail::ConvertsToInterface<I> D>
     KFRSmartPointer(KFRSmartPointer<D> const& other) noexcept : m_object(other.get())
     {
         addReference();
     }
     /// From another interface: the strict cast.
-    template <class J>
-        requires(!std::same_as<J, I> && !std::convertible_to<J*, I*>)
+    template <KFR::detail::NeedsCastToInterface<I> J>
     explicit KFRSmartPointer(KFRSmartPointer<J> const& other)
     {
         castFrom(KFR::rootOf(other.get()));
@@ -286,8 +300,8 @@ template <class I, class J>
     return KFRSmartPointer<I>(detail::query<I>(rootOf(typed.get()), error), kAdopt);
 }
 
-/// The interface `I` of the object behind `service`; KFRSystemException when the object lacks it, null
-/// on null. What the converting constructor does, for where a name reads better.
+/// The interface `I` of the object behind `service`; KFRSystemException when the object lacks it,
+/// null on null. What the converting constructor does, for where a name reads better.
 template <class I>
 [[nodiscard]] KFRSmartPointer<I> strict_cast(KFRIService const& service)
 {

@@ -16,15 +16,16 @@ struct KFRUUID {
 
     friend constexpr auto operator<=>(KFRUUID const&, KFRUUID const&) = default;
 
-    /// The identifier of an interface that is given none: a hash of its type name, the same in every
-    /// library and every run. FNV-1a from two different starting values.
+    /// The identifier of an interface that is given none: a hash of its type name, the same in
+    /// every library and every run. FNV-1a from two different starting values.
     [[nodiscard]] static constexpr KFRUUID ofName(std::string_view name) noexcept
     {
         return {fnv1a(name, 0xcbf29ce484222325ULL), fnv1a(name, 0x84222325cbf29ce4ULL)};
     }
 
 private:
-    static constexpr unsigned long long fnv1a(std::string_view text, unsigned long long hash) noexcept
+    static constexpr unsigned long long fnv1a(std::string_view text,
+                                              unsigned long long hash) noexcept
     {
         for (char const c : text) {
             hash ^= static_cast<unsigned char>(c);

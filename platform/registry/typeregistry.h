@@ -10,8 +10,8 @@
 
 namespace KFR::Services::TypeRegistry {
 
-/// Hands out the numeric ids of entity types. Ids differ from run to run, hold for the length of one,
-/// and are never 0.
+/// Hands out the numeric ids of entity types. Ids differ from run to run, hold for the length of
+/// one, and are never 0.
 class ITypeRegistryInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.Services.TypeRegistry.ITypeRegistry")
 

@@ -17,8 +17,8 @@ namespace vrn::orlo::appfw {
 
 class IFrameworkAccessInterface;
 
-/// Holder for the code of the application frame that is compiled into the library. The same rules as
-/// for ServiceCacheModelingPlugin.
+/// Holder for the code of the application frame that is compiled into the library. The same rules
+/// as for ServiceCacheModelingPlugin.
 class KFR_API ServiceCacheAppFrame {
 public:
     static KFRSmartPointer<KFR::EOM::IEOMObjectFactoryInterface> eomObjectFactory_;

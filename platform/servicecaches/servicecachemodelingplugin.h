@@ -52,11 +52,11 @@ class KFRITrashBinFactoryInterface;
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Holder of the services that are used too often for a look-up by name. Its own library fills it; here
-/// it is only read.
+/// Holder of the services that are used too often for a look-up by name. Its own library fills it;
+/// here it is only read.
 ///
-/// Ownership  The smart pointers keep their services alive; who fills the holder empties it before the
-///            services end. `kfrServiceAccess_` is not counted.
+/// Ownership  The smart pointers keep their services alive; who fills the holder empties it before
+///            the services end. `kfrServiceAccess_` is not counted.
 /// Threads    Filled and emptied on the main thread, while nobody reads.
 class KFR_API ServiceCacheModelingPlugin {
 public:

@@ -48,8 +48,15 @@ constinit KFR::Framework::KFRIServiceAccess* Holder::kfrServiceAccess_ = nullptr
 
 void ServiceCacheModelingPlugin::releaseAll() noexcept
 {
-    auto const release = [](auto&... members) { (members.release(), ...); };
-    release(DOMParser_, studyEntityFactory_, transactionBrokerFactory_, undoRedoFactory_, trashBinFactory_, pluginMgr_, pivotManager_, objectPropertiesManager_, entityAssociationManager_, colorManager_, typeBuffer_, metaDataManager_, entRefUtil_, commandProcessor_, configMgr_, pathUtils_, fileUtils_, kfrUnitsSvc_, entRefListFactory_, eomObjectFactory_, PFW_, entRefContainerFactory_, adapterManager_, rootManager_, selectionManager_, entRefFactory_, frameworkAccess_);
+    auto const release = [](auto&... members) {
+        (members.release(), ...);
+    };
+    release(DOMParser_, studyEntityFactory_, transactionBrokerFactory_, undoRedoFactory_,
+            trashBinFactory_, pluginMgr_, pivotManager_, objectPropertiesManager_,
+            entityAssociationManager_, colorManager_, typeBuffer_, metaDataManager_, entRefUtil_,
+            commandProcessor_, configMgr_, pathUtils_, fileUtils_, kfrUnitsSvc_, entRefListFactory_,
+            eomObjectFactory_, PFW_, entRefContainerFactory_, adapterManager_, rootManager_,
+            selectionManager_, entRefFactory_, frameworkAccess_);
     kfrServiceAccess_ = nullptr;
 }
 
@@ -57,7 +64,8 @@ void ServiceCacheModelingPlugin::releaseAll() noexcept
 
 namespace vrn::orlo::appfw {
 
-constinit KFRSmartPointer<KFR::EOM::IEOMObjectFactoryInterface> ServiceCacheAppFrame::eomObjectFactory_;
+constinit KFRSmartPointer<KFR::EOM::IEOMObjectFactoryInterface>
+    ServiceCacheAppFrame::eomObjectFactory_;
 constinit KFRSmartPointer<IFrameworkAccessInterface> ServiceCacheAppFrame::frameworkAccess_;
 constinit KFRSmartPointer<KFR::PersistenceFW::CAEData::IPFWInterface> ServiceCacheAppFrame::PFW_;
 

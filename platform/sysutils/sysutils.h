@@ -27,7 +27,8 @@ class KFRIOSUtilsInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.Util.SystemUtils.KFRIOSUtils")
 
     /// Fails, with `value` as it was, for a variable that is not set.
-    virtual KFRResult getEnvironmentVariable(icu::UnicodeString const& name, std::string& value) = 0;
+    virtual KFRResult getEnvironmentVariable(icu::UnicodeString const& name,
+                                             std::string& value) = 0;
 };
 
 /// Paths as texts; nothing is looked up on disk.

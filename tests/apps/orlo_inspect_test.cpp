@@ -12,10 +12,10 @@
 namespace vrn::orlo::app {
 namespace {
 
+using nlohmann::json;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-using nlohmann::json;
 
 std::string const kBracket = std::string(ORLO_BRACKET) + "/bracket.step";
 
@@ -128,8 +128,10 @@ TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
     EXPECT_EQ(run.m_status, 0) << run.m_err;
     EXPECT_THAT(run.m_out, HasSubstr("vrn.orlo.plugin.modeling.ModelingPluginUtilities"));
     EXPECT_THAT(run.m_out, HasSubstr("KernelMajorVersion   24"));
-    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
-    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +-"));
+    EXPECT_THAT(run.m_out,
+                ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
+    EXPECT_THAT(run.m_out,
+                ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +-"));
 }
 
 }  // namespace

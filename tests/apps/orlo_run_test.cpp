@@ -21,7 +21,8 @@ TEST(OrloRunsAStudy, PrintsTheTreeAndLeavesTheReports)
     EXPECT_EQ(run.m_status, 0) << run.m_err;
     EXPECT_THAT(run.m_out, HasSubstr("length unit  millimetre"));
     EXPECT_EQ(contentOf(folder.path() / "results" / "bracket-tree.txt"), run.m_out);
-    auto const report = nlohmann::json::parse(contentOf(folder.path() / "results" / "bracket.json"));
+    auto const report =
+        nlohmann::json::parse(contentOf(folder.path() / "results" / "bracket.json"));
     EXPECT_EQ(report["counts"]["solids"], 6);
 }
 

@@ -18,7 +18,8 @@ KFRResult ServiceProviderHelper::setServiceProvider(
     return KFR::ok;
 }
 
-KFRIService ServiceProviderHelper::getService(std::string const& name, std::string const& parameters)
+KFRIService ServiceProviderHelper::getService(std::string const& name,
+                                              std::string const& parameters)
 {
     assert(m_kfrServiceProvider != NULLSP);
     if (m_kfrServiceProvider == NULLSP) {

@@ -1,6 +1,6 @@
 /// \file
-/// Services straight from the framework's provider, for the few callers that work before or beside the
-/// library's name cache.
+/// Services straight from the framework's provider, for the few callers that work before or beside
+/// the library's name cache.
 
 #pragma once
 
@@ -13,8 +13,8 @@ namespace vrn::orlo::appfw {
 
 /// The framework's service provider, kept for the process.
 ///
-/// Failure    Without a provider: the soft stop of an assertion in a build that has them, else null and
-///            KFR::notDone. What the provider fails at comes back as null.
+/// Failure    Without a provider: the soft stop of an assertion in a build that has them, else null
+///            and KFR::notDone. What the provider fails at comes back as null.
 /// Threads    Main thread, no lock.
 class MODELING_API ServiceProviderHelper {
 public:

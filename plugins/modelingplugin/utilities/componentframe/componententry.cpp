@@ -17,8 +17,7 @@ int KFR_Comp_Init(KFRSmartPointer<KFRIServicePublisherInterface> publisher)
     }
     try {
         // No pointer is kept: the publisher owns the factory once it has registered itself.
-        static_cast<void>(
-            new vrn::orlo::plugin::modeling::generated::UtilitiesFactory(publisher));
+        static_cast<void>(new vrn::orlo::plugin::modeling::generated::UtilitiesFactory(publisher));
     } catch (std::bad_alloc const&) {
         // The framework is told nothing: the service will simply not be there.
     }

@@ -48,7 +48,8 @@ std::string padded(int value)
 
 std::string buildDate()
 {
-    return padded(kBuilt.m_month) + '/' + padded(kBuilt.m_day) + '/' + std::to_string(kBuilt.m_year);
+    return padded(kBuilt.m_month) + '/' + padded(kBuilt.m_day) + '/' +
+           std::to_string(kBuilt.m_year);
 }
 
 std::string buildTime()

@@ -28,7 +28,8 @@ KFRIService ServiceHelper::named(std::string_view name)
 
 KFRIService ServiceHelper::getService(std::string_view name)
 {
-    if (auto const known = m_cache.find(absl::string_view(name.data(), name.size())); known != m_cache.end()) {
+    if (auto const known = m_cache.find(absl::string_view(name.data(), name.size()));
+        known != m_cache.end()) {
         return known->second;
     }
     // The provider that setServiceProvider stored plays no part: look-ups go through the service

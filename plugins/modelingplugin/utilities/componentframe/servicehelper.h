@@ -23,21 +23,22 @@ namespace vrn::orlo::plugin::modeling {
 
 /// Finds the platform's services. No other code of the library knows a service's name.
 ///
-/// A service that was found by name is kept until release(); one that was not found is looked for anew
-/// at the next call. Code in a loop keeps the handle in a local and casts it once.
+/// A service that was found by name is kept until release(); one that was not found is looked for
+/// anew at the next call. Code in a loop keeps the handle in a local and casts it once.
 ///
 /// Failure    A missing service is null, and nothing is logged: whether that is an error is the
 ///            caller's to say. The operations with a typed result throw KFRSystemException when a
-///            service is there but lacks the interface. getCurrentModel is the only one that throws for
-///            a missing result.
-/// Ownership  Handles are new references. The kept ones keep their services alive, so releaseServices()
-///            has to come before the framework ends its services.
+///            service is there but lacks the interface. getCurrentModel is the only one that throws
+///            for a missing result.
+/// Ownership  Handles are new references. The kept ones keep their services alive, so
+///            releaseServices() has to come before the framework ends its services.
 /// Threads    One thread at a time; no lock.
 /// Cost       By name: a B-tree search. From the holder of another library: a copy of a handle.
 class MODELING_API ServiceHelper {
 public:
-    // Services by name; see platform/servicenames.def for the names. The spelling of getGuiExeutive,
-    // getFEMBussinessLogic and getTranformCommonService is what callers link against.
+    // Services by name; see platform/servicenames.def for the names. The spelling of
+    // getGuiExeutive, getFEMBussinessLogic and getTranformCommonService is what callers link
+    // against.
 #define NAMED_SERVICE(operation, name) static KFRIService operation();
 #include "platform/servicenames.def"
 

@@ -1,5 +1,5 @@
-// The operations of ServiceHelper that ask a service for something. What such a call answers as a result
-// is dropped: only what it hands out counts.
+// The operations of ServiceHelper that ask a service for something. What such a call answers as a
+// result is dropped: only what it hands out counts.
 
 #include "framework/appframe/pluginsupport/helpers/serviceproviderhelper.h"
 #include "platform/appfw/appfw.h"
@@ -35,7 +35,8 @@ template <class Tool>
 KFRIService geometryTool(KFRResult (geometry::KFRIGeomSession::*ofGeometry)(KFRSmartPointer<Tool>&),
                          KFRResult (gsc::KFRIGSCSession::*ofServer)(KFRSmartPointer<Tool>&))
 {
-    auto const session = KFR::loose_cast<geometry::KFRIGeomSession>(ServiceHelper::getGeomSession());
+    auto const session =
+        KFR::loose_cast<geometry::KFRIGeomSession>(ServiceHelper::getGeomSession());
     KFRSmartPointer<Tool> tool = ask(session, ofGeometry);
     if (tool == NULLSP) {
         tool = ask(KFR::strict_cast<gsc::KFRIGSCSession>(ServiceHelper::getGSCActiveSession()),
@@ -72,7 +73,8 @@ KFRIService ServiceHelper::getGeomOpeProgress()
 
 KFRIService ServiceHelper::getGSCQueryTool()
 {
-    return geometryTool(&geometry::KFRIGeomSession::getQueryTool, &gsc::KFRIGSCSession::getQueryTool);
+    return geometryTool(&geometry::KFRIGeomSession::getQueryTool,
+                        &gsc::KFRIGSCSession::getQueryTool);
 }
 
 KFRIService ServiceHelper::getGSCModifyTool()
@@ -123,8 +125,8 @@ KFRSmartPointer<CAE::IModelInterface> ServiceHelper::getCurrentModel()
     auto const session = ask(appfw::ServiceCacheAppFrame::PFW_, &CAE::IPFWInterface::getSession);
     auto const spModel = ask(session, &CAE::IPersistenceSessionInterface::getCurrentModel);
     if (KFR::NULLSP == spModel) {
-        validation("!(KFR::NULLSP == spModel)", "plugins/modelingplugin/utilities/servicehelper", 463,
-                   "vrn::orlo::plugin::modeling::ServiceHelper::getCurrentModel");
+        validation("!(KFR::NULLSP == spModel)", "plugins/modelingplugin/utilities/servicehelper",
+                   463, "vrn::orlo::plugin::modeling::ServiceHelper::getCurrentModel");
         throw UserException("No Model!");
     }
     return spModel;

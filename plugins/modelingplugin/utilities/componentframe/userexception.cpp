@@ -9,11 +9,17 @@ constexpr int kNoMessageDomain = -1;
 
 }  // namespace
 
-UserException::UserException(int id) : m_id(id) {}
+UserException::UserException(int id) : m_id(id)
+{
+}
 
-UserException::UserException(int code, int id) : m_code(code), m_id(id) {}
+UserException::UserException(int code, int id) : m_code(code), m_id(id)
+{
+}
 
-UserException::UserException(std::string const& text) : m_text(text) {}
+UserException::UserException(std::string const& text) : m_text(text)
+{
+}
 
 KFRResult UserException::getKFRResult() const
 {

@@ -12,8 +12,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Thrown by value and caught at the top of a command, which turns it into a result or a message. It is
-/// no std::exception, so that a handler for those does not swallow it.
+/// Thrown by value and caught at the top of a command, which turns it into a result or a message.
+/// It is no std::exception, so that a handler for those does not swallow it.
 class MODELING_API UserException {
 public:
     UserException() = default;
@@ -27,8 +27,8 @@ public:
     [[nodiscard]] KFRResult getKFRResult() const;
 
     [[nodiscard]] std::string getTextStr() const;
-    /// The localised text of the id if there is one, else the text. Empty for an id while the message
-    /// catalogue is not connected.
+    /// The localised text of the id if there is one, else the text. Empty for an id while the
+    /// message catalogue is not connected.
     [[nodiscard]] icu::UnicodeString getTextUStr() const;
 
 private:

@@ -10,7 +10,8 @@
 
 namespace vrn::orlo::plugin::modeling::generated {
 
-/// Answers interface, type and information queries; the information comes from the one table of keys.
+/// Answers interface, type and information queries; the information comes from the one table of
+/// keys.
 class UtilitiesBase : public UtilitiesCommon,
                       public KFR::Framework::Scripting::KFRITypeProviderInterface,
                       public KFRIModelingUtilitiesInterface,
@@ -40,8 +41,8 @@ public:
 protected:
     ~UtilitiesBase() override = default;
 
-    /// This object as its access interface, by which the service class reaches its own provider. Not
-    /// counted.
+    /// This object as its access interface, by which the service class reaches its own provider.
+    /// Not counted.
     KFR::Framework::KFRIServiceAccess* m_serviceAccess;
 };
 

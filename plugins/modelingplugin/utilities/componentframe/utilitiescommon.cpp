@@ -17,7 +17,9 @@ std::string withServiceTable(std::string const& parameters)
 
 }  // namespace
 
-UtilitiesCommon::UtilitiesCommon(KFRIFactoryAccess& access) : KFRServiceAccess(access, true) {}
+UtilitiesCommon::UtilitiesCommon(KFRIFactoryAccess& access) : KFRServiceAccess(access, true)
+{
+}
 
 void UtilitiesCommon::addReference()
 {

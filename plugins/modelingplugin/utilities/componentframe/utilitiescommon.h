@@ -10,8 +10,9 @@
 
 namespace vrn::orlo::plugin::modeling::generated {
 
-/// Forwards every service-access operation to KFRServiceAccess. The two look-ups with a parameter text
-/// have the component's service table added to it, so that names are resolved against that table.
+/// Forwards every service-access operation to KFRServiceAccess. The two look-ups with a parameter
+/// text have the component's service table added to it, so that names are resolved against that
+/// table.
 class UtilitiesCommon : public KFRIUtilitiesServiceAccess, public KFR::Framework::KFRServiceAccess {
 public:
     explicit UtilitiesCommon(KFRIFactoryAccess& access);
@@ -31,7 +32,8 @@ public:
     KFRSmartPointer<KFRIServicePublisherInterface> getKFRIServicePublisher() override;
     KFRSmartPointer<KFRIServiceFactoryInterface> getKFRIServiceFactory() override;
     KFRIService getHeldReference() override;
-    KFRResult addNewProvider(KFRSmartPointer<KFRIServiceProviderInterface> const& provider) override;
+    KFRResult addNewProvider(
+        KFRSmartPointer<KFRIServiceProviderInterface> const& provider) override;
     int compareReferenceCount(int count) override;
     void trackObject() override;
 

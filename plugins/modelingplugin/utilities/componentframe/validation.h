@@ -7,8 +7,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Notes a precondition that failed, and lets the program go on. Validations have a log file of their
-/// own, made at the first one.
+/// Notes a precondition that failed, and lets the program go on. Validations have a log file of
+/// their own, made at the first one.
 /// \param expression  the condition's text, as it stands in the source
 /// \param file        source path, "plugins/modelingplugin/utilities/<file>"
 /// \param function    full name with namespace

@@ -13,8 +13,8 @@ namespace vrn::orlo::plugin::modeling {
 
 /// An entity type: its run-time id and its name.
 ///
-/// What the type registry has answered is kept: names by id, ids by name, and ids of groups by name, in
-/// three caches that do not feed each other.
+/// What the type registry has answered is kept: names by id, ids by name, and ids of groups by
+/// name, in three caches that do not feed each other.
 ///
 /// Failure    Making one from a name, or from a name with ids, throws KFRSystemException when the
 ///            registry is missing or answers no cast; nothing is cached then. Making one from an id
@@ -31,13 +31,13 @@ public:
     [[nodiscard]] unsigned int typeID() const { return m_typeID; }
     [[nodiscard]] icu::UnicodeString typeName() const { return m_typeName; }
 
-    /// Name of an id, as EntityTypeID(id).typeName() gives it, without the copies: for tests that run
-    /// over thousands of references. Holds until the next type is made.
+    /// Name of an id, as EntityTypeID(id).typeName() gives it, without the copies: for tests that
+    /// run over thousands of references. Holds until the next type is made.
     [[nodiscard]] static icu::UnicodeString const& nameOf(unsigned int id);
 
     /// Drops the names that were made into ids from the registry, and empties the caches. Names of
-    /// groups, and names that were only ever read from ids, stay registered. To be called by the owning
-    /// plug-in at its stop, before it releases the services.
+    /// groups, and names that were only ever read from ids, stay registered. To be called by the
+    /// owning plug-in at its stop, before it releases the services.
     static void unRegister();
 
 private:

@@ -20,17 +20,18 @@ namespace vrn::orlo::plugin::modeling {
 
 /// Classifies entities by their type id, and holds the table of what each kind of pick allows.
 ///
-/// The predicates are static, one or two forms each (see typepredicates.def): of a reference, which is
-/// judged by its `typeId` alone, and of a type id. Those that go by name read the type registry at the
-/// first use of an id; those that go by the table compare with the ids that the names had when the
-/// table was built.
+/// The predicates are static, one or two forms each (see typepredicates.def): of a reference, which
+/// is judged by its `typeId` alone, and of a type id. Those that go by name read the type registry
+/// at the first use of an id; those that go by the table compare with the ids that the names had
+/// when the table was built.
 ///
-/// Failure    A predicate is false for everything that it does not know. The first instance(), and with
-///            it the first predicate that goes by the table, throws KFRSystemException when the type
-///            registry is missing or the display service is of another kind; the next call tries again.
+/// Failure    A predicate is false for everything that it does not know. The first instance(), and
+///            with it the first predicate that goes by the table, throws KFRSystemException when
+///            the type registry is missing or the display service is of another kind; the next call
+///            tries again.
 /// Threads    Main thread; the table has no lock.
-/// Cost       By name: a B-tree search and a comparison. By table: a B-tree search and a scan over at
-///            most 13 ids.
+/// Cost       By name: a B-tree search and a comparison. By table: a B-tree search and a scan over
+///            at most 13 ids.
 class MODELING_API SelectFilter {
 public:
     /// The one filter; its table is built by the first call.
@@ -45,7 +46,8 @@ public:
 #undef ORLO_DECLARE_Id
 #undef ORLO_DECLARE_Both
 
-    /// A displacement constraint. The form with a name compares it as it stands and asks no registry.
+    /// A displacement constraint. The form with a name compares it as it stands and asks no
+    /// registry.
     static bool isConstraint(icu::UnicodeString const& typeName);
     static bool isConstraint(unsigned int typeId);
 

@@ -46,19 +46,17 @@ constexpr auto isDisplacementConstraint = [](icu::UnicodeString const& name) {
 
 }  // namespace
 
-#define ORLO_DEFINE_Reference(name, test)                        \
+#define ORLO_DEFINE_Reference(name, test)                          \
     bool SelectFilter::name(CAE::EntityReference const& reference) \
-    {                                                            \
-        return (test)(reference.typeId);                         \
+    {                                                              \
+        return (test)(reference.typeId);                           \
     }
-#define ORLO_DEFINE_Id(name, test)             \
+#define ORLO_DEFINE_Id(name, test)               \
     bool SelectFilter::name(unsigned int typeId) \
-    {                                          \
-        return (test)(typeId);                 \
+    {                                            \
+        return (test)(typeId);                   \
     }
-#define ORLO_DEFINE_Both(name, test)  \
-    ORLO_DEFINE_Reference(name, test) \
-    ORLO_DEFINE_Id(name, test)
+#define ORLO_DEFINE_Both(name, test) ORLO_DEFINE_Reference(name, test) ORLO_DEFINE_Id(name, test)
 #define TYPE_PREDICATE(forms, name, test) ORLO_DEFINE_##forms(name, test)
 #include "plugins/modelingplugin/utilities/selection/typepredicates.def"
 

@@ -20,8 +20,8 @@ struct SelectFilterRow {
     typenames::TypeName const* m_name;
 };
 
-/// One row per kind and type, the rows of a kind together; their order is that of the ids behind the
-/// kind, whose first is the one that SelectFilter::getTypeID gives.
+/// One row per kind and type, the rows of a kind together; their order is that of the ids behind
+/// the kind, whose first is the one that SelectFilter::getTypeID gives.
 constexpr auto selectFilterRows()
 {
     using namespace typenames;  // NOLINT: 126 names of that one namespace

@@ -5,8 +5,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Kinds of pick. The classes overlap: a type may stand under several. The numbers are fixed and not
-/// all used; 53 and 55 are asked for as scenarios all the same.
+/// Kinds of pick. The classes overlap: a type may stand under several. The numbers are fixed and
+/// not all used; 53 and 55 are asked for as scenarios all the same.
 // clang-format off
 enum SelectFilterType : int {
     FilterVertex                   = 0,

@@ -50,7 +50,8 @@ function(orlo_add_component name)
         set_target_properties(${name} PROPERTIES
             CXX_VISIBILITY_PRESET hidden
             VISIBILITY_INLINES_HIDDEN ON
-            POSITION_INDEPENDENT_CODE ON)
+            POSITION_INDEPENDENT_CODE ON
+            INSTALL_RPATH "$ORIGIN")      # the libraries of the package find each other
         if(arg_PRECOMPILE)
             target_precompile_headers(${name} PRIVATE ${arg_PRECOMPILE})
         endif()

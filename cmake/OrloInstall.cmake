@@ -17,6 +17,8 @@ install(FILES
     ${PROJECT_BINARY_DIR}/ModelingPluginUtilitiesConfigVersion.cmake
     DESTINATION ${package_dir})
 
+# Relative to the file itself, so that `cmake --install --prefix` may choose any folder.
+file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/modelingpluginutilities.pc.in
     ${PROJECT_BINARY_DIR}/modelingpluginutilities.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/modelingpluginutilities.pc

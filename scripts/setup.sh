@@ -12,7 +12,7 @@ packages=(
     libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
     libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
     # tests
-    libgtest-dev libgmock-dev
+    libgtest-dev libgmock-dev libudunits2-dev
 )
 
 missing=()

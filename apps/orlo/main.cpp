@@ -1,5 +1,6 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
+#include "apps/orlo/unitscommand.h"
 #include "host/geometry/geometryimport.h"
 #include "host/kernel/componentloader.h"
 #include "host/study/atomicfile.h"
@@ -56,8 +57,15 @@ int main(int argc, char** argv)
     run->add_option("--out", runOptions.m_out, "Folder for the outputs (default: out/<study>)");
     run->add_flag("--json", runOptions.m_json, "Print the report as JSON");
 
-    CLI::App* const doctor = orlo.add_subcommand(
-        "doctor", "Tell what the component says of itself and which services answer");
+    app::UnitsOptions unitsOptions;
+    CLI::App* const units =
+        orlo.add_subcommand("units", "Tell what the library makes of unit systems");
+    units->add_option("LABEL", unitsOptions.m_systems,
+                      "Label or name of a unit system (default: all)");
+    units->add_flag("--json", unitsOptions.m_json, "Print the report as JSON");
+
+    orlo.add_subcommand("doctor",
+                        "Tell what the component says of itself and which services answer");
 
     try {
         orlo.parse(argc, argv);
@@ -71,6 +79,8 @@ int main(int argc, char** argv)
     if (run->parsed()) {
         return guarded([&] { return app::run(runOptions); });
     }
-    static_cast<void>(doctor);
+    if (units->parsed()) {
+        return guarded([&] { return app::units(unitsOptions); });
+    }
     return guarded([] { return app::doctor(); });
 }

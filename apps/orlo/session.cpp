@@ -16,7 +16,8 @@ constexpr char const* kComponentLibrary = "libModelingPluginUtilities.so";
 }  // namespace
 
 Session::Session(host::kernel::Kernel::Options const& options)
-    : m_kernel(std::make_unique<host::kernel::Kernel>(options))
+    : m_kernel(std::make_unique<host::kernel::Kernel>(options)),
+      m_units(host::units::registerUnits(*m_kernel))
 {
     m_component = &m_kernel->loadComponent(kComponentLibrary);
     KFRResult result;

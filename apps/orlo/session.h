@@ -6,6 +6,7 @@
 
 #include "host/kernel/componentloader.h"
 #include "host/kernel/kernel.h"
+#include "host/units/unitservices.h"
 
 #include <memory>
 #include <string>
@@ -27,6 +28,7 @@ public:
     ~Session();
 
     [[nodiscard]] host::kernel::Kernel& kernel() noexcept { return *m_kernel; }
+    [[nodiscard]] host::units::UnitServices& units() noexcept { return *m_units; }
     [[nodiscard]] host::kernel::Component const& component() const noexcept { return *m_component; }
 
     /// Whether the component's service answered.
@@ -34,6 +36,7 @@ public:
 
 private:
     std::unique_ptr<host::kernel::Kernel> m_kernel;
+    KFRSmartPointer<host::units::UnitServices> m_units;
     host::kernel::Component const* m_component = nullptr;
     bool m_connected = false;
 };

@@ -3,9 +3,9 @@
 #include "platform/eom/eom.h"
 #include "platform/mxp/domparser.h"
 #include "platform/study/study.h"
-#include "platform/units/units.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "tests/support/appframefakes.h"
+#include "tests/support/fakeunits.h"
 #include "tests/support/matchers.h"
 #include "tests/support/platformscope.h"
 
@@ -50,7 +50,7 @@ void fillHolder()
     Holder::configMgr_ = KFR::make<test::FakeConfigurationManager>();
     Holder::pathUtils_ = KFR::make<test::FakePathUtils>();
     Holder::fileUtils_ = KFR::make<test::FakeFileUtils>();
-    fillPlain(Holder::kfrUnitsSvc_);
+    Holder::kfrUnitsSvc_ = KFR::make<test::FakeUnits>();
     fillPlain(Holder::entRefListFactory_);
     fillPlain(Holder::eomObjectFactory_);
     Holder::PFW_ = KFR::make<test::FakePFW>();

@@ -8,6 +8,13 @@ find_package(TBB REQUIRED)
 find_package(spdlog REQUIRED)
 find_package(yaml-cpp REQUIRED)
 
+# Transforms: MKL where it is found, else FFTW behind the same calls.
+find_package(MKL CONFIG QUIET)
+if(NOT MKL_FOUND)
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(FFTW3 REQUIRED IMPORTED_TARGET fftw3)
+endif()
+
 if(ORLO_HOST_CAD)
     find_package(OpenCASCADE REQUIRED)  # 7.6; its package accepts no "or newer"
     find_package(nlohmann_json REQUIRED)

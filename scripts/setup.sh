@@ -7,7 +7,7 @@ packages=(
     # build
     g++ cmake ninja-build ccache pkg-config
     # the library
-    libicu-dev libabsl-dev libtbb-dev
+    libicu-dev libabsl-dev libtbb-dev libfftw3-dev
     # the host
     libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
     libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev

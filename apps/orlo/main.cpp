@@ -1,5 +1,7 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
+#include "apps/orlo/csvtable.h"
+#include "apps/orlo/spectrumcommand.h"
 #include "apps/orlo/unitscommand.h"
 #include "host/geometry/geometryimport.h"
 #include "host/kernel/componentloader.h"
@@ -25,6 +27,9 @@ int guarded(Verb const& verb)
         app::reportError(error.what());
         return app::kBadInput;
     } catch (host::study::StudyError const& error) {
+        app::reportError(error.what());
+        return app::kBadInput;
+    } catch (app::CsvError const& error) {
         app::reportError(error.what());
         return app::kBadInput;
     } catch (host::study::WriteError const& error) {
@@ -57,6 +62,12 @@ int main(int argc, char** argv)
     run->add_option("--out", runOptions.m_out, "Folder for the outputs (default: out/<study>)");
     run->add_flag("--json", runOptions.m_json, "Print the report as JSON");
 
+    app::SpectrumOptions spectrumOptions;
+    CLI::App* const spectrum = orlo.add_subcommand("spectrum", "Transform a time signal, or back");
+    spectrum->add_option("FILE", spectrumOptions.m_file, "Table of time,value (CSV)")->required();
+    spectrum->add_flag("--inverse", spectrumOptions.m_inverse,
+                       "From frequency,magnitude,phase to time,value");
+
     app::UnitsOptions unitsOptions;
     CLI::App* const units =
         orlo.add_subcommand("units", "Tell what the library makes of unit systems");
@@ -78,6 +89,9 @@ int main(int argc, char** argv)
     }
     if (run->parsed()) {
         return guarded([&] { return app::run(runOptions); });
+    }
+    if (spectrum->parsed()) {
+        return guarded([&] { return app::spectrum(spectrumOptions); });
     }
     if (units->parsed()) {
         return guarded([&] { return app::units(unitsOptions); });

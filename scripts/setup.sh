@@ -13,6 +13,8 @@ packages=(
     libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
     # tests
     libgtest-dev libgmock-dev libudunits2-dev
+    # benchmarks
+    libeigen3-dev libglm-dev libnanoflann-dev
 )
 
 missing=()

@@ -307,11 +307,18 @@ inline bool OctreeManager::leafHolds(std::size_t leaf, KFRDouble3DPoint const& p
 {
     Place const* const first = pointsOf(m_leaves[leaf]);
     Place const* const last = first + m_leaves[leaf].m_size;
-    for (Place const* held = first; held != last; ++held) {
-        double const dx = held->x - p.x;
-        double const dy = held->y - p.y;
-        double const dz = held->z - p.z;
-        if (dx * dx + dy * dy + dz * dz < squaredTolerance) {
+    // Which point is near cannot be foreseen, and a leaf has few: looked for in batches without a jump.
+    constexpr std::ptrdiff_t kBatch = 16;
+    for (Place const* held = first; held != last;) {
+        Place const* const end = held + std::min(kBatch, last - held);
+        bool isNear = false;
+        for (; held != end; ++held) {
+            double const dx = held->x - p.x;
+            double const dy = held->y - p.y;
+            double const dz = held->z - p.z;
+            isNear |= dx * dx + dy * dy + dz * dz < squaredTolerance;
+        }
+        if (isNear) {
             return true;
         }
     }

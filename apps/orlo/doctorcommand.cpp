@@ -1,8 +1,8 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/session.h"
+#include "host/kernel/servicename.h"
 #include "platform/appfw/appfw.h"
-#include "platform/servicenames.h"
 #include "plugins/modelingplugin/utilities/componentframe/componentinfo.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 
@@ -51,7 +51,7 @@ int doctor()
 
     std::printf("services by name: operation, name, what answers\n");
     std::size_t answering = 0;
-    for (servicenames::Row const& row : servicenames::kAll) {
+    for (auto const& row : host::kernel::applicationServices()) {
         std::string const name(row.m_name);
         KFRIService const service = ServiceHelper::getServiceByName(name);
         answering += service != KFR::NULLSP ? 1 : 0;
@@ -72,10 +72,10 @@ int doctor()
         std::printf("  %s\n", name.c_str());
     }
     std::printf("\n%zu of %zu services answer; \"-\" is a service that this host does not have\n",
-                answering, servicenames::kAll.size() + kHeld.size() + 1);
+                answering, host::kernel::applicationServices().size() + kHeld.size() + 1);
     if (!session.isConnected()) {
         reportError("the component is loaded, but its service " +
-                    std::string(servicenames::kUtilities) + " does not answer");
+                    std::string(host::kernel::componentService()) + " does not answer");
         return kToolFailed;
     }
     return kDone;

@@ -1,7 +1,7 @@
 #include "apps/orlo/session.h"
 
+#include "host/kernel/servicename.h"
 #include "platform/modeling/modelingutilities.h"
-#include "platform/servicenames.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
 
@@ -22,7 +22,7 @@ Session::Session(host::kernel::Kernel::Options const& options)
     m_component = &m_kernel->loadComponent(kComponentLibrary);
     KFRResult result;
     KFRIService const service =
-        m_kernel->services().getService(servicenames::kUtilities, "", result);
+        m_kernel->services().getService(host::kernel::componentService(), "", result);
     m_connected =
         KFR::loose_cast<plugin::modeling::KFRIModelingUtilitiesInterface>(service) != KFR::NULLSP;
 }

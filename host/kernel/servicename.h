@@ -5,6 +5,7 @@
 
 #include "platform/servicenames.h"
 
+#include <span>
 #include <string_view>
 
 namespace vrn::orlo::host::kernel {
@@ -19,6 +20,18 @@ namespace vrn::orlo::host::kernel {
         }
     }
     throw "no operation of that name";
+}
+
+/// Every service that the library asks for, with the operation that asks for it.
+[[nodiscard]] constexpr std::span<servicenames::Row const> applicationServices() noexcept
+{
+    return servicenames::kAll;
+}
+
+/// The service that the library itself publishes.
+[[nodiscard]] constexpr char const* componentService() noexcept
+{
+    return servicenames::kUtilities;
 }
 
 }  // namespace vrn::orlo::host::kernel

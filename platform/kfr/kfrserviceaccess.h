@@ -33,7 +33,7 @@ public:
     void addReference() override;
     void releaseReference(void** holder) override;
     /// Answers the root, the weak-reference interface, and through `asServiceAccess()` the access
-    /// interface; other identifiers are not implemented.
+    /// interface; every other identifier is refused.
     int getInterface(KFRUUID const& id, void** object) override;
     std::string getObjectName() override;
     long long getInstanceID() override;

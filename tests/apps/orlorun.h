@@ -3,11 +3,16 @@
 
 #pragma once
 
+#include "tests/support/temporaryfolder.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
 
 namespace vrn::orlo::app {
+
+using test::contentOf;
+using test::TemporaryFolder;
 
 /// What one run left behind.
 struct OrloRun {
@@ -19,24 +24,5 @@ struct OrloRun {
 /// Runs `orlo` with these arguments, in `folder`.
 [[nodiscard]] OrloRun runOrlo(std::vector<std::string> const& arguments,
                               std::filesystem::path const& folder = ".");
-
-/// A folder that goes with its owner.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    TemporaryFolder(TemporaryFolder const&) = delete;
-    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
-    ~TemporaryFolder();
-
-    [[nodiscard]] std::filesystem::path const& path() const noexcept { return m_path; }
-
-    /// Writes a file below the folder and gives its path.
-    std::filesystem::path write(std::string const& name, std::string const& content) const;
-
-private:
-    std::filesystem::path m_path;
-};
-
-[[nodiscard]] std::string contentOf(std::filesystem::path const& file);
 
 }  // namespace vrn::orlo::app

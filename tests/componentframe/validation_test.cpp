@@ -11,6 +11,7 @@
 #include "tests/support/freshprocess.h"
 #include "tests/support/matchers.h"
 #include "tests/support/platformscope.h"
+#include "tests/support/temporaryfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,8 +20,6 @@
 #include <ctime>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -30,39 +29,8 @@ namespace {
 
 using test::makePlain;
 using test::PlatformScope;
-
-/// A folder that goes with the test.
-class TemporaryFolder {
-public:
-    TemporaryFolder()
-    {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "orlo-test-XXXXXX").string();
-        m_path = mkdtemp(pattern.data());
-    }
-    TemporaryFolder(TemporaryFolder const&) = delete;
-    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-
-    [[nodiscard]] std::filesystem::path const& path() const { return m_path; }
-    [[nodiscard]] std::vector<std::filesystem::path> files() const
-    {
-        return {std::filesystem::directory_iterator(m_path), {}};
-    }
-
-private:
-    std::filesystem::path m_path;
-};
-
-std::string bytesOf(std::filesystem::path const& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+using ::vrn::orlo::test::contentOf;
+using ::vrn::orlo::test::TemporaryFolder;
 
 /// Gives the plug-in `folder` for its own.
 void putPluginFolder(std::filesystem::path const& folder)
@@ -91,10 +59,10 @@ TEST(LogFile, HasItsLinesWithALineEndEachAndTheSecondForItsName)
     EXPECT_LE(second, after);
 
     log.write("one", 0);
-    EXPECT_EQ(bytesOf(file), "one\r\n");  // flushed
+    EXPECT_EQ(contentOf(file), "one\r\n");  // flushed
     log.write("", 3);
     log.write("100 %s \xC3\xA9", 1);
-    EXPECT_EQ(bytesOf(file), "one\r\n\r\n100 %s \xC3\xA9\r\n");
+    EXPECT_EQ(contentOf(file), "one\r\n\r\n100 %s \xC3\xA9\r\n");
 }
 
 TEST(LogFile, GoesNowhereWhenAStepToItsFolderIsMissing)
@@ -119,7 +87,7 @@ TEST(Validation, NotesEachFailureInOneFileOfItsOwn)
         EXPECT_EQ(validation("100 %d", "", -1, ""), 0);
         ASSERT_EQ(folder.files().size(), 1u);
         EXPECT_EQ(
-            bytesOf(folder.files().front()),
+            contentOf(folder.files().front()),
             "Validation failed with expression : spObject != NULLSP, at File : a/file, "
             "Line : 12, in Function : vrn::orlo::f.\n\r\n"
             "Validation failed with expression : 100 %d, at File : , Line : -1, in Function : "
@@ -140,9 +108,9 @@ TEST(Validation, CutsItsTextAt511Characters)
         validation((fits + 'y').c_str(), "f", 1, "g");
         validation(std::string(2000, 'z').c_str(), "f", 1, "g");
         std::string const cutEnd = end.substr(0, end.size() - 1);
-        EXPECT_EQ(bytesOf(folder.files().at(0)), start + fits + end + "\r\n" + start + fits + "y" +
-                                                     cutEnd + "\r\n" + start +
-                                                     std::string(511 - start.size(), 'z') + "\r\n");
+        EXPECT_EQ(contentOf(folder.files().at(0)),
+                  start + fits + end + "\r\n" + start + fits + "y" + cutEnd + "\r\n" + start +
+                      std::string(511 - start.size(), 'z') + "\r\n");
     });
 }
 
@@ -200,7 +168,7 @@ TEST(CurrentModel, ThatIsMissingIsNotedAndThrown)
             "Validation failed with expression : !(KFR::NULLSP == spModel), at File : "
             "plugins/modelingplugin/utilities/servicehelper, Line : 463, in Function : "
             "vrn::orlo::plugin::modeling::ServiceHelper::getCurrentModel.\n\r\n";
-        EXPECT_EQ(bytesOf(folder.files().at(0)), line + line + line);
+        EXPECT_EQ(contentOf(folder.files().at(0)), line + line + line);
     });
 }
 

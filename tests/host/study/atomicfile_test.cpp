@@ -1,6 +1,6 @@
 #include "host/study/atomicfile.h"
 
-#include "host/study/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +15,9 @@
 
 namespace vrn::orlo::host::study {
 namespace {
+
+using test::contentOf;
+using test::TemporaryFolder;
 
 namespace fs = std::filesystem;
 

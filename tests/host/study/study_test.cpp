@@ -1,6 +1,6 @@
 #include "host/study/study.h"
 
-#include "host/study/temporaryfolder.h"
+#include "tests/support/temporaryfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +12,8 @@
 
 namespace vrn::orlo::host::study {
 namespace {
+
+using test::TemporaryFolder;
 
 namespace fs = std::filesystem;
 

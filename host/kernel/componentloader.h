@@ -35,8 +35,8 @@ struct Component {
 /// construction, the initialisation when it is told to.
 ///
 /// Failure    ComponentError.
-/// Ownership  A library once loaded stays for the life of the process, and so may all that came from
-///            it.
+/// Ownership  A library once loaded stays for the life of the process, and so may all that came
+///            from it.
 /// Threads    Main thread.
 class ComponentLoader {
 public:

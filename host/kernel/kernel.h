@@ -56,8 +56,8 @@ public:
 
     /// Releases the instances in reverse order of their making, then makers and factories, empties
     /// the holders and takes the kernel away from the framework. A second call does nothing.
-    /// \return names of the objects that the framework was to see gone and that are still there, which
-    ///         are logged as well; empty on a second call
+    /// \return names of the objects that the framework was to see gone and that are still there;
+    ///         they are logged as well. Empty on a second call.
     std::vector<std::string> stop();
 
 private:

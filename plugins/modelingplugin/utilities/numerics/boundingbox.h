@@ -14,8 +14,8 @@ namespace vrn::orlo::plugin::modeling {
 /// A box between two corners.
 ///
 /// Units      The caller's length unit.
-/// Shape      A default box is inverted, so that it can be grown: its min is the greatest double and its
-///            max the least.
+/// Shape      A default box is inverted, so that it can be grown: its min is the greatest double
+///            and its max the least.
 /// Cost       Six doubles; no allocation.
 class MODELING_API BoundingBox {
 public:
@@ -48,8 +48,8 @@ public:
     /// The box around both.
     [[nodiscard]] BoundingBox operator+(BoundingBox const& other) const;
 
-    /// What both share on x and y. On z the max is the lesser, but the min is the other's unless this
-    /// box is inverted on z: this box is compared with itself there, and callers rely on it.
+    /// What both share on x and y. On z the max is the lesser, but the min is the other's unless
+    /// this box is inverted on z: this box is compared with itself there, and callers rely on it.
     [[nodiscard]] BoundingBox intersection(BoundingBox const& other) const;
 
     /// False for a point that is outside by kPluginTolerance or more on any axis.
@@ -59,8 +59,8 @@ public:
         return inBoundingBox(widened(p));
     }
 
-    /// Whether min exceeds max by less than kPluginTolerance on every axis: a box may be flat, and even
-    /// inverted by less than that.
+    /// Whether min exceeds max by less than kPluginTolerance on every axis: a box may be flat, and
+    /// even inverted by less than that.
     [[nodiscard]] bool isValid() const;
 
     friend bool operator==(BoundingBox const&, BoundingBox const&) = default;

@@ -8,8 +8,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// An X3DSLine that speaks the framework's points. Every operation is that of the base; points in single
-/// precision are widened first.
+/// An X3DSLine that speaks the framework's points. Every operation is that of the base; points in
+/// single precision are widened first.
 ///
 /// Shape      Nothing added to the base.
 class Line3 : public X3DSLine {
@@ -17,15 +17,15 @@ public:
     Line3() = default;
     Line3(X3DSLine const& line) : X3DSLine(line) {}  // NOLINT: the same line
 
-    /// The line through a along b. The second argument is a direction, unlike that of an X3DSLine from
-    /// two points.
+    /// The line through a along b. The second argument is a direction, unlike that of an X3DSLine
+    /// from two points.
     Line3(KFRDouble3DPoint const& a, KFRDouble3DPoint const& b) : X3DSLine(toPoint(a), toVector(b))
     {
     }
     Line3(KFRFloat3DPoint const& a, KFRFloat3DPoint const& b) : Line3(widened(a), widened(b)) {}
 
-    /// The line from a to b, whose difference is taken in single precision. There is no form in double
-    /// precision.
+    /// The line from a to b, whose difference is taken in single precision. There is no form in
+    /// double precision.
     [[nodiscard]] static Line3 fromPoints(KFRFloat3DPoint const& a, KFRFloat3DPoint const& b)
     {
         return {a, KFRFloat3DPoint{b.x - a.x, b.y - a.y, b.z - a.z}};

@@ -10,8 +10,8 @@ namespace vrn::orlo::plugin::modeling {
 
 /// A 3 by 3 matrix whose columns are the axes of a frame.
 ///
-/// Shape      Nine doubles, row-major; all zero at the start. matrix() and setMatrix copy the nine words
-///            as they stand, while x(), y() and z() are columns.
+/// Shape      Nine doubles, row-major; all zero at the start. matrix() and setMatrix copy the nine
+///            words as they stand, while x(), y() and z() are columns.
 /// Cost       No allocation.
 class MODELING_API Matrix33 {
 public:

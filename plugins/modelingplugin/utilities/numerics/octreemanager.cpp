@@ -307,7 +307,8 @@ inline bool OctreeManager::leafHolds(std::size_t leaf, KFRDouble3DPoint const& p
 {
     Place const* const first = pointsOf(m_leaves[leaf]);
     Place const* const last = first + m_leaves[leaf].m_size;
-    // Which point is near cannot be foreseen, and a leaf has few: looked for in batches without a jump.
+    // Which point is near cannot be foreseen, and a leaf has few: batches are scanned without a
+    // jump.
     constexpr std::ptrdiff_t kBatch = 16;
     for (Place const* held = first; held != last;) {
         Place const* const end = held + std::min(kBatch, last - held);

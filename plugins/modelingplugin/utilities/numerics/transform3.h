@@ -10,8 +10,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Builds and applies transforms in terms of the framework's points. The matrix comes first among the
-/// arguments, unlike in the base; points in single precision are widened first.
+/// Builds and applies transforms in terms of the framework's points. The matrix comes first among
+/// the arguments, unlike in the base; points in single precision are widened first.
 ///
 /// Units      Lengths: the caller's. Angles: radians, right-handed.
 /// Failure    As the base: NaN for an axis of no length.
@@ -27,8 +27,8 @@ public:
 
     /// The rotation that takes the direction `from` to the direction `to`.
     ///
-    /// Opposite vectors give the point reflection diag(-1, -1, -1, 1), which is no rotation, and unlike
-    /// X3DSTransform::rotate. That is meant.
+    /// Opposite vectors give the point reflection diag(-1, -1, -1, 1), which is no rotation, and
+    /// unlike X3DSTransform::rotate. That is meant.
     [[nodiscard]] static Matrix4 rotateMatrix(KFRDouble3DPoint const& from,
                                               KFRDouble3DPoint const& to);
     [[nodiscard]] static Matrix4 rotateMatrix(KFRFloat3DPoint const& from,
@@ -37,7 +37,8 @@ public:
         return rotateMatrix(widened(from), widened(to));
     }
 
-    /// The rotation that takes the X axis to v; for the opposite of the X axis the half turn about Y.
+    /// The rotation that takes the X axis to v; for the opposite of the X axis the half turn about
+    /// Y.
     [[nodiscard]] static Matrix4 rotateMatrix(KFRDouble3DPoint const& v);
     [[nodiscard]] static Matrix4 rotateMatrix(KFRFloat3DPoint const& v)
     {

@@ -43,7 +43,7 @@ constexpr std::array kRanges{
     RangeRow{"getPointMassMassRange",              inclusive, 0.0, none,      0.0, 0x603E7},
     RangeRow{"getSectionThicknessRange",           exclusive, 0.0, none,      0.0, 0x603E8},
     RangeRow{"getStressLimitRange",                exclusive, 0.0, none,      0.0, 0x603DC},
-    RangeRow{"getSolverMemoryRange",               inclusive, 200.0, none,      0.0, 0x603C2},
+    RangeRow{"getSolverMemoryRange",               inclusive, 200.0, none,    0.0, 0x603C2},
 };
 // clang-format on
 

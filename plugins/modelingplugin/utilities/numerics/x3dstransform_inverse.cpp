@@ -23,8 +23,8 @@ public:
         }
     }
 
-    /// Finds the pivot, brings it into place and clears its column. False, with the matrix singular, for
-    /// a pivot that is too small.
+    /// Finds the pivot, brings it into place and clears its column. False, with the matrix
+    /// singular, for a pivot that is too small.
     template <int Step>
     [[nodiscard]] bool step()
     {
@@ -57,8 +57,8 @@ public:
 
     [[nodiscard]] double determinant() const { return m_determinant; }
 
-    /// Writes the inverse with the swaps undone, from the last to the first: what was swapped on one side
-    /// of the matrix is undone on the other side of its inverse.
+    /// Writes the inverse with the swaps undone, from the last to the first: what was swapped on
+    /// one side of the matrix is undone on the other side of its inverse.
     void write(double* out) const
     {
         std::array<int, kSize> rowFrom{0, 1, 2, 3};
@@ -77,8 +77,8 @@ public:
 private:
     static constexpr std::size_t index(int i) { return static_cast<std::size_t>(i); }
 
-    /// The pivot is the greatest element of the rows and columns from Step on, in row-major order the
-    /// first of equals: the first row that has it, and in that row the first column.
+    /// The pivot is the greatest element of the rows and columns from Step on, in row-major order
+    /// the first of equals: the first row that has it, and in that row the first column.
     template <int Step>
     [[nodiscard]] bool placePivot()
     {

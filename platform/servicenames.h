@@ -23,11 +23,16 @@ inline constexpr char const* kAEMExportBulk = "KFR.AEM.ExportBulk";
 inline constexpr char const* kAEMImportBulk = "KFR.AEM.ImportBulk";
 inline constexpr char const* kInteractionContact = "KFR.AEM.Contact";
 
+// Services that the library's own helpers look up through the provider.
+inline constexpr char const* kConfigurationManager = "KFR.Framework.ConfigurationManager";
+inline constexpr char const* kMessageCatalog = "vrn.orlo.appfw.MessageCatalog";
+inline constexpr char const* kMessageDisplay = "vrn.orlo.appfw.MessageDisplay";
+
 // Services that only a chain of calls uses.
 inline constexpr char const* kGSCUtility = "vrn.orlo.gsc.GSCUtility";
 inline constexpr char const* kShellEntities = "vrn.orlo.plugin.shell.ShellEntities";
 
-/// A service and the operation of ServiceHelper that asks for it.
+/// A service and the operation of ServiceHelper that asks for it, or where none does its short name.
 struct Row {
     std::string_view m_operation;
     std::string_view m_name;
@@ -46,9 +51,12 @@ inline constexpr std::array kAll{
     Row{"getAEMImportBulk",      kAEMImportBulk},
     Row{"getInteractionContact", kInteractionContact},
     Row{"getGSCMath",            kGSCUtility},
+    Row{"configurationManager",  kConfigurationManager},
+    Row{"messageCatalog",        kMessageCatalog},
+    Row{"messageDisplay",        kMessageDisplay},
 };
 // clang-format on
 
-static_assert(kAll.size() == 54);
+static_assert(kAll.size() == 57);
 
 }  // namespace vrn::orlo::servicenames

@@ -9,12 +9,12 @@ packages=(
     # the library
     libicu-dev libabsl-dev libtbb-dev libfftw3-dev
     # the host
-    libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
+    icu-devtools libpugixml-dev libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
     libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
     # tests
     libgtest-dev libgmock-dev libudunits2-dev
     # benchmarks
-    libeigen3-dev libglm-dev libnanoflann-dev
+    libboost-dev libeigen3-dev libglm-dev libnanoflann-dev
 )
 
 missing=()

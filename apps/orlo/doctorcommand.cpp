@@ -3,6 +3,7 @@
 #include "apps/orlo/session.h"
 #include "host/kernel/servicename.h"
 #include "platform/appfw/appfw.h"
+#include "platform/appfw/entity.h"
 #include "plugins/modelingplugin/utilities/componentframe/componentinfo.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 

@@ -13,10 +13,6 @@
 
 namespace vrn::orlo::appfw {
 
-class KFRITransactionBrokerFactoryInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.KFRITransactionBrokerFactory")
-};
-
 /// Undo and redo.
 class IURFactoryInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IURFactory")
@@ -66,37 +62,12 @@ class IObjectReferenceUtilitiesInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IObjectReferenceUtilities")
 };
 
-class ICmdProcessorInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.ICmdProcessor")
-};
-
 class IEntRefContainerFactoryInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IEntRefContainerFactory")
 };
 
 class IInterfaceAdapterManagerInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IInterfaceAdapterManager")
-};
-
-class IRootManagerInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.IRootManager")
-};
-
-/// A plug-in of the application.
-class IPluginInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.IPlugin")
-
-    /// The folder that the plug-in may write its own files to.
-    virtual KFRResult getFolder(icu::UnicodeString& folder) = 0;
-};
-
-/// The application as its plug-ins see it.
-class IFrameworkAccessInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.IFrameworkAccess")
-
-    /// Fails, with `plugin` as it was, for a name that no plug-in has.
-    virtual KFRResult getPlugin(std::string const& name,
-                                KFRSmartPointer<IPluginInterface>& plugin) = 0;
 };
 
 /// Service of the transform plug-in.

@@ -11,12 +11,22 @@
 
 namespace KFR::PersistenceFW::CAEData {
 
-class IModelInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IModel")
+/// Anything that is kept in a model.
+class IPersistentObjectInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IPersistentObject")
+
+    virtual KFRResult getIdentifier(GUIDDATA& identifier) = 0;
 };
 
 class IPartInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IPart")
+};
+
+class IModelInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IModel")
+
+    /// The part that optimisation works on. Fails, with `part` as it was, where there is none.
+    virtual KFRResult getDesignPart(KFRSmartPointer<IPartInterface>& part) = 0;
 };
 
 class IPersistenceSessionInterface : public KFRIServiceInterface {

@@ -5,6 +5,7 @@
 #include "platform/study/study.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "tests/support/appframefakes.h"
+#include "tests/support/commandfakes.h"
 #include "tests/support/fakeunits.h"
 #include "tests/support/matchers.h"
 #include "tests/support/platformscope.h"
@@ -35,7 +36,7 @@ void fillHolder()
 {
     fillPlain(Holder::DOMParser_);
     fillPlain(Holder::studyEntityFactory_);
-    fillPlain(Holder::transactionBrokerFactory_);
+    Holder::transactionBrokerFactory_ = KFR::make<test::FakeTransactionBroker>();
     Holder::undoRedoFactory_ = KFR::make<test::FakeUndoRedoFactory>();
     Holder::trashBinFactory_ = KFR::make<test::FakeTrashBinFactory>();
     fillPlain(Holder::pluginMgr_);
@@ -46,7 +47,7 @@ void fillHolder()
     fillPlain(Holder::typeBuffer_);
     fillPlain(Holder::metaDataManager_);
     fillPlain(Holder::entRefUtil_);
-    fillPlain(Holder::commandProcessor_);
+    Holder::commandProcessor_ = KFR::make<test::FakeCmdProcessor>();
     Holder::configMgr_ = KFR::make<test::FakeConfigurationManager>();
     Holder::pathUtils_ = KFR::make<test::FakePathUtils>();
     Holder::fileUtils_ = KFR::make<test::FakeFileUtils>();
@@ -56,7 +57,7 @@ void fillHolder()
     Holder::PFW_ = KFR::make<test::FakePFW>();
     fillPlain(Holder::entRefContainerFactory_);
     fillPlain(Holder::adapterManager_);
-    fillPlain(Holder::rootManager_);
+    Holder::rootManager_ = KFR::make<test::FakeRootManager>();
     Holder::selectionManager_ = KFR::make<test::FakeSelectionManager>();
     fillPlain(Holder::entRefFactory_);
     Holder::frameworkAccess_ = KFR::make<test::FakeFrameworkAccess>();

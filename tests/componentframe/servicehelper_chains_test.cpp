@@ -278,7 +278,7 @@ TEST(ModelByName, IsFoundThroughThePluginsOwnHolder)
     PlatformScope platform;
     EXPECT_THAT(ServiceHelper::getModelByName(u"bracket"), IsNullHandle());
     auto const persistence = KFR::make<test::FakePFW>();
-    auto const model = makePlain<CAE::IModelInterface>();
+    auto const model = KFR::make<test::FakeModel>();
     persistence->models[u"bracket"] = model;
     appfw::ServiceCacheAppFrame::PFW_ = persistence;
     EXPECT_THAT(ServiceHelper::getModelByName(u"bracket"), IsNullHandle());

@@ -130,7 +130,7 @@ TEST(CurrentModel, IsThatOfTheApplicationFramesSession)
 {
     PlatformScope platform;
     auto const session = KFR::make<test::FakeSession>();
-    session->currentModel = makePlain<CAE::IModelInterface>();
+    session->currentModel = KFR::make<test::FakeModel>();
     auto const persistence = KFR::make<test::FakePFW>();
     persistence->session = session;
     appfw::ServiceCacheAppFrame::PFW_ = persistence;
@@ -153,7 +153,7 @@ TEST(CurrentModel, ThatIsMissingIsNotedAndThrown)
             }
         };
         auto const session = KFR::make<test::FakeSession>();
-        session->currentModel = makePlain<CAE::IModelInterface>();
+        session->currentModel = KFR::make<test::FakeModel>();
         auto const persistence = KFR::make<test::FakePFW>();
         persistence->session = session;
         ServiceCacheModelingPlugin::PFW_ = persistence;  // not the holder that is asked

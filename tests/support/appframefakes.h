@@ -5,16 +5,22 @@
 #pragma once
 
 #include "platform/appfw/appfw.h"
+#include "platform/appfw/commands.h"
+#include "platform/appfw/entity.h"
+#include "platform/appfw/frameworkaccess.h"
 #include "platform/appfw/selection.h"
+#include "platform/appfw/transactions.h"
 #include "platform/caedata/caedata.h"
 #include "platform/kfr/kfrconfiguration.h"
 #include "platform/kfr/kfrserviceobject.h"
+#include "platform/shell/shell.h"
 #include "platform/sysutils/sysutils.h"
 
 #include <unicode/unistr.h>
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace vrn::orlo::plugin::modeling::test {
 
@@ -39,14 +45,62 @@ public:
     }
 };
 
-class FakeFrameworkAccess final : public KFRServiceObjectImpl<appfw::IFrameworkAccessInterface> {
+class FakeProduct final : public KFRServiceObjectImpl<appfw::IProductInterface> {
 public:
+    icu::UnicodeString name;
+
+    KFRResult getName(icu::UnicodeString& out) override
+    {
+        out = name;
+        return KFR::notDone;
+    }
+};
+
+/// The application: framework access, headless query and help in one object, as in the real one.
+class FakeFrameworkAccess final
+    : public KFRServiceObjectImpl<appfw::IFrameworkAccessInterface, appfw::KFRIAppExecutive,
+                                  shell::IShellHelp> {
+public:
+    struct Status {
+        icu::UnicodeString text;
+        appfw::Severity severity;
+    };
+    struct Help {
+        std::string key;
+        KFRSequence<KFRAny> params;
+        bool flag;
+    };
+
     std::map<std::string, KFRSmartPointer<appfw::IPluginInterface>> plugins;
+    KFRSmartPointer<appfw::IProductInterface> product;
+    KFRSmartPointer<appfw::KFRIStateServiceInterface> stateService;
+    int headless = 0;
+    std::vector<Status> statuses;
+    std::vector<Help> helps;
 
     KFRResult getPlugin(std::string const& name,
                         KFRSmartPointer<appfw::IPluginInterface>& plugin) override
     {
         return handOut(plugins[name], plugin);
+    }
+    KFRResult getProduct(KFRSmartPointer<appfw::IProductInterface>& out) override
+    {
+        return handOut(product, out);
+    }
+    KFRResult showStatusMessage(icu::UnicodeString const& text, appfw::Severity severity) override
+    {
+        statuses.push_back({text, severity});
+        return KFR::notDone;
+    }
+    KFRResult getStateService(KFRSmartPointer<appfw::KFRIStateServiceInterface>& out) override
+    {
+        return handOut(stateService, out);
+    }
+    int isHeadless() override { return headless; }
+    KFRResult show(std::string const& key, KFRSequence<KFRAny> const& params, bool flag) override
+    {
+        helps.push_back({key, params, flag});
+        return KFR::notDone;
     }
 };
 
@@ -75,6 +129,28 @@ public:
         KFRSmartPointer<appfw::IPickFilterManagerInterface>& out) override
     {
         return handOut(pickFilters, out);
+    }
+};
+
+class FakeModel final : public KFRServiceObjectImpl<CAE::IModelInterface> {
+public:
+    KFRSmartPointer<CAE::IPartInterface> designPart;
+
+    KFRResult getDesignPart(KFRSmartPointer<CAE::IPartInterface>& out) override
+    {
+        return handOut(designPart, out);
+    }
+};
+
+class FakeRootManager final : public KFRServiceObjectImpl<appfw::IRootManagerInterface> {
+public:
+    /// By number within the owner.
+    std::map<unsigned int, KFRSmartPointer<appfw::IEntityInterface>> entities;
+
+    KFRSmartPointer<appfw::IEntityInterface> getEntity(
+        CAE::EntityReference const& reference) override
+    {
+        return entities[reference.id];
     }
 };
 

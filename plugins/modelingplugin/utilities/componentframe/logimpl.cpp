@@ -1,6 +1,6 @@
 #include "plugins/modelingplugin/utilities/componentframe/logimpl.h"
 
-#include "platform/appfw/appfw.h"
+#include "platform/appfw/frameworkaccess.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 
 #include <ctime>
@@ -37,6 +37,30 @@ void LogFileImpl::write(std::string const& line, int /*level*/)
         std::fwrite(line.data(), 1, line.size(), m_file.get());
         std::fwrite("\r\n", 1, 2, m_file.get());
         std::fflush(m_file.get());
+    }
+}
+
+KFRSmartPointer<KFR::Framework::KFRILoggerInterface> frameworkLogger()
+{
+    static KFR::Framework::RecursiveMutex mutex;
+    static KFRSmartPointer<KFR::Framework::KFRILoggerInterface> logger;
+    KFR::Framework::RecursiveLock const lock(mutex);
+    if (logger == KFR::NULLSP) {
+        if (auto const kernel = KFR::Framework::getKernelAccessInterface(); kernel != KFR::NULLSP) {
+            logger = kernel->getLogger();
+        }
+    }
+    return logger;
+}
+
+KFRLogImpl::KFRLogImpl() : m_logger(frameworkLogger())
+{
+}
+
+void KFRLogImpl::write(std::string const& line, int level)
+{
+    if (m_logger != KFR::NULLSP) {
+        static_cast<void>(m_logger->log(line, level));
     }
 }
 

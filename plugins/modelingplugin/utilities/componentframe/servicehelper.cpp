@@ -2,7 +2,11 @@
 
 #include "framework/appframe/pluginsupport/helpers/serviceproviderhelper.h"
 #include "platform/appfw/appfw.h"
+#include "platform/appfw/commands.h"
+#include "platform/appfw/entity.h"
+#include "platform/appfw/frameworkaccess.h"
 #include "platform/appfw/selection.h"
+#include "platform/appfw/transactions.h"
 #include "platform/eom/eom.h"
 #include "platform/kfr/kfrconfiguration.h"
 #include "platform/kfr/kfrframework.h"

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/kfr/kfrkernelaccess.h"
 #include "plugins/modelingplugin/utilities/componentframe/modelingexport.h"
 
 #include <cstdio>
@@ -38,5 +39,23 @@ private:
     };
     std::unique_ptr<std::FILE, Close> m_file;
 };
+
+/// The framework's log.
+///
+/// Failure    Silent: without a logger, lines go nowhere.
+class MODELING_API KFRLogImpl : public LogImpl {
+public:
+    KFRLogImpl();
+
+    void write(std::string const& line, int level) override;
+
+private:
+    KFRSmartPointer<KFR::Framework::KFRILoggerInterface> m_logger;
+};
+
+/// The framework's logger, fetched once per process; null while there is no kernel.
+///
+/// Threads    Any.
+KFRSmartPointer<KFR::Framework::KFRILoggerInterface> frameworkLogger();
 
 }  // namespace vrn::orlo::plugin::modeling

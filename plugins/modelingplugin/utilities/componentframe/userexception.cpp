@@ -1,13 +1,9 @@
 #include "plugins/modelingplugin/utilities/componentframe/userexception.h"
 
+#include "plugins/modelingplugin/utilities/componentframe/localizationhelper.h"
+#include "plugins/modelingplugin/utilities/componentframe/messagehandler.h"
+
 namespace vrn::orlo::plugin::modeling {
-
-namespace {
-
-/// Domain of the plug-in's messages while no message catalogue is connected.
-constexpr int kNoMessageDomain = -1;
-
-}  // namespace
 
 UserException::UserException(int id) : m_id(id)
 {
@@ -24,10 +20,10 @@ UserException::UserException(std::string const& text) : m_text(text)
 KFRResult UserException::getKFRResult() const
 {
     if (m_code != 0) {
-        return {m_code, kNoMessageDomain, m_id};
+        return MessageHandler::createKFRResult(m_code, m_id);
     }
     if (m_id != 0) {
-        return {m_id, kNoMessageDomain, m_id};
+        return MessageHandler::createKFRResult(m_id);
     }
     KFRResult result(KFR::notDone);
     result.addParam(m_text);
@@ -41,7 +37,7 @@ std::string UserException::getTextStr() const
 
 icu::UnicodeString UserException::getTextUStr() const
 {
-    return m_id != 0 ? icu::UnicodeString() : icu::UnicodeString::fromUTF8(m_text);
+    return m_id != 0 ? LocalStr(m_id).getUStr() : icu::UnicodeString::fromUTF8(m_text);
 }
 
 }  // namespace vrn::orlo::plugin::modeling

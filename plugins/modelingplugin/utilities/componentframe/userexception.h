@@ -27,8 +27,8 @@ public:
     [[nodiscard]] KFRResult getKFRResult() const;
 
     [[nodiscard]] std::string getTextStr() const;
-    /// The localised text of the id if there is one, else the text. Empty for an id while the
-    /// message catalogue is not connected.
+    /// The localised text of the id if there is an id, else the text. Empty for an id that the
+    /// message catalogue does not have.
     [[nodiscard]] icu::UnicodeString getTextUStr() const;
 
 private:

@@ -63,12 +63,14 @@ public:
         return m_owner.load(std::memory_order_relaxed);
     }
 
-private:
+    /// Whether the calling thread holds the lock.
     [[nodiscard]] bool isHeldHere() const noexcept
     {
-        return m_owner.load(std::memory_order_relaxed) == std::this_thread::get_id();
+        std::thread::id const holder = owner();
+        return holder != std::thread::id() && holder == std::this_thread::get_id();
     }
 
+private:
     tbb::mutex m_mutex;
     std::atomic<std::thread::id> m_owner{};
 };

@@ -119,7 +119,6 @@ void AtMouseInstruction::showWorkflow(int titleId, KFRSequence<KFRAny> const& ti
     CmdParameters parameters;
     parameters.append({"title", KFRAny(textOf(titleId, titleParams))});
     parameters.append({"text", KFRAny(textOf(textId, textParams))});
-    parameters.append({"resourcePath", KFRAny(m_resourcePath)});
     sendToShell("VRN.ShellPlugin.SetWorkflowData", parameters);
 }
 

@@ -18,8 +18,8 @@ enum class AtMouseCloseEnum : int { instruction = 0, workflow = 1, all = 2 };
 /// Sends instructions to the shell, by the shell's commands.
 ///
 /// The ids are those of the plug-in's message catalogue. The shell is given, by name: "text",
-/// "secondText", "resourcePath", "icon" and "isError" of an instruction; "title", "text" and
-/// "resourcePath" of a workflow step; "cursor".
+/// "secondText", "resourcePath", "icon" and "isError" of an instruction; "title" and
+/// "text" of a workflow step; "cursor".
 ///
 /// Failure    Silent: without a command processor nothing is sent.
 /// Threads    Main thread.

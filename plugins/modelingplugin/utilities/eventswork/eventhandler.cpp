@@ -35,9 +35,61 @@ long long domainId(std::string const& name, Missing missing)
 
 }  // namespace
 
-EventHandler* EventHandler::instance()
+struct EventHandler::View {
+    using Domains = std::vector<std::pair<long long, Snapshot>>;
+
+    unsigned long long m_version = 0;
+    Domains m_domains;                ///< Ascending by id.
+    int m_deliveries = 0;             ///< That the thread is in the middle of.
+    std::vector<Domains> m_replaced;  ///< What these still walk over.
+
+    /// The clients of a domain; null when it has none.
+    [[nodiscard]] Clients const* clientsOf(long long domain) const noexcept
+    {
+        auto const found =
+            std::ranges::lower_bound(m_domains, domain, {}, &Domains::value_type::first);
+        return found != m_domains.end() && found->first == domain ? found->second.get() : nullptr;
+    }
+
+    /// The calling thread's, made at its first event.
+    static View& ofThread();
+};
+
+EventHandler::View& EventHandler::View::ofThread()
+{
+    // A pointer, since an object would be asked at each access whether it has been made; and in the
+    // static block, which is reached without a call.
+    thread_local constinit View* view __attribute__((tls_model("initial-exec"))) = nullptr;
+    if (view == nullptr) {
+        thread_local View made;
+        view = &made;
+    }
+    return *view;
+}
+
+/// Marks that a thread walks over the clients of its view.
+class EventHandler::Delivery {
+public:
+    explicit Delivery(View& view) noexcept : m_view(view) { ++m_view.m_deliveries; }
+    Delivery(Delivery const&) = delete;
+    Delivery& operator=(Delivery const&) = delete;
+    ~Delivery()
+    {
+        if (--m_view.m_deliveries == 0 && !m_view.m_replaced.empty()) {
+            m_view.m_replaced.clear();
+        }
+    }
+
+private:
+    View& m_view;
+};
+
+std::atomic<EventHandler*> EventHandler::s_instance{nullptr};
+
+EventHandler* EventHandler::make()
 {
     static EventHandler handler;
+    s_instance.store(&handler, std::memory_order_release);
     return &handler;
 }
 
@@ -76,10 +128,11 @@ void EventHandler::addDomainEventHandler(long long domain, IKFREventHandler* cli
     std::lock_guard const lock(m_mutex);
     Snapshot& snapshot = m_handlers[domain];
     Clients clients = snapshot != nullptr ? *snapshot : Clients();
-    auto const place = std::ranges::lower_bound(clients, client, std::less<>(), &Entry::m_client);
-    if (place == clients.end() || place->m_client != client) {
-        clients.insert(place, Entry{client, {}});
+    auto const place = std::ranges::lower_bound(clients, client, std::less<>());
+    if (place == clients.end() || *place != client) {
+        clients.insert(place, client);
         snapshot = std::make_shared<Clients const>(std::move(clients));
+        noteChange();
     }
     EventListener::getDefListener()->listenDomainEvent(domain);
 }
@@ -92,8 +145,8 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
         return;
     }
     Clients clients = *found->second;
-    auto const place = std::ranges::lower_bound(clients, client, std::less<>(), &Entry::m_client);
-    if (place == clients.end() || place->m_client != client) {
+    auto const place = std::ranges::lower_bound(clients, client, std::less<>());
+    if (place == clients.end() || *place != client) {
         return;
     }
     clients.erase(place);
@@ -103,12 +156,14 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
     } else {
         found->second = std::make_shared<Clients const>(std::move(clients));
     }
+    noteChange();
 }
 
 void EventHandler::removeDomainEventHandlers(long long domain)
 {
     std::lock_guard const lock(m_mutex);
     m_handlers.erase(domain);
+    noteChange();
     EventListener::getDefListener()->removeDomainListener(domain);
 }
 
@@ -119,28 +174,35 @@ void EventHandler::removeAllEventHandler()
         EventListener::getDefListener()->removeDomainListener(domain);
     }
     m_handlers.clear();
+    noteChange();
+}
+
+void EventHandler::refresh(View& view)
+{
+    std::lock_guard const lock(m_mutex);
+    if (view.m_deliveries != 0) {
+        view.m_replaced.push_back(std::exchange(view.m_domains, {}));
+    }
+    view.m_domains.assign(m_handlers.begin(), m_handlers.end());
+    view.m_version = m_version.load(std::memory_order_relaxed);
 }
 
 HandleEventStatus EventHandler::handleEvent(KFREvent const& event)
 {
-    Snapshot clients;
-    {
-        std::lock_guard const lock(m_mutex);
-        if (auto const found = m_handlers.find(event.domain); found != m_handlers.end()) {
-            clients = found->second;
-        }
+    View& view = View::ofThread();
+    // Who changes the clients holds the lock and must not get here meanwhile: refresh() throws then.
+    if (view.m_version != m_version.load(std::memory_order_acquire) || m_mutex.isHeldHere()) {
+        refresh(view);
     }
-    if (clients == nullptr) {
+    Clients const* const clients = view.clientsOf(event.domain);
+    if (clients == nullptr || clients->empty()) {
         return kNotHandled;
     }
-    HandleEventStatus status = kNotHandled;
-    for (Entry const& entry : *clients) {
-        if (entry.m_filter.events.empty()) {
-            entry.m_client->handle(event.domain, event);
-            status = kHandled;
-        }
+    Delivery const delivery(view);  // the view keeps the clients for as long
+    for (IKFREventHandler* const client : *clients) {
+        client->handle(event.domain, event);
     }
-    return status;
+    return kHandled;
 }
 
 void EventHandler::viewportSize(int& width, int& height) const

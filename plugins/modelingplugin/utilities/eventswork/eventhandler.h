@@ -10,6 +10,7 @@
 #include "plugins/modelingplugin/utilities/componentframe/modelingexport.h"
 #include "plugins/modelingplugin/utilities/eventswork/ikfreventhandler.h"
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,11 +33,16 @@ enum HandleEventStatus : int { kNotHandled = 0, kHandled = 1 };
 /// Threads    Any. The lock covers the book-keeping and never a client's handle(). Entering it
 ///            twice on one thread throws tbb_compat::improper_lock: an event manager must not
 ///            deliver from within its own addListener.
-/// Cost       handleEvent: one lock, one look-up, one call per client, no allocation. The id
-///            getters ask the event manager at every call, so they are not for loops.
+/// Cost       handleEvent: one look-up, one call per client; no allocation, and the lock only on a
+///            thread's first event after a change of the clients. The id getters ask the event
+///            manager at every call, so they are not for loops.
 class MODELING_API EventHandler {
 public:
-    static EventHandler* instance();
+    static EventHandler* instance()
+    {
+        EventHandler* const made = s_instance.load(std::memory_order_acquire);
+        return made != nullptr ? made : make();
+    }
     EventHandler(EventHandler const&) = delete;
     EventHandler& operator=(EventHandler const&) = delete;
 
@@ -66,25 +72,34 @@ public:
     void viewportSize(int& width, int& height) const;
 
 private:
-    /// A client, and what it wants to hear of the domain. The filter is always empty: it wants
-    /// everything.
-    struct Entry {
-        IKFREventHandler* m_client = nullptr;
-        KFR::Framework::EventFilter m_filter;
-    };
-    /// Ascending by address, each client once.
-    using Clients = std::vector<Entry>;
+    /// Ascending by address, each client once. A client has no filter: it hears all of its domain.
+    using Clients = std::vector<IKFREventHandler*>;
     /// Replaced as a whole when it changes, so that who delivers an event keeps what it has seen
     /// without copying it.
     using Snapshot = std::shared_ptr<Clients const>;
+    using Handlers = btree::btree_map<long long, Snapshot>;
+
+    /// What a thread saw of the handlers when it last had to look.
+    struct View;
+    class Delivery;
 
     EventHandler() = default;
     ~EventHandler() = default;
 
+    static EventHandler* make();
     void setViewportSize(int width, int height);
+    void refresh(View& view);
+    /// To be called under the lock after each change.
+    void noteChange() noexcept
+    {
+        m_version.fetch_add(1, std::memory_order_release);
+    }
 
-    btree::btree_map<long long, Snapshot> m_handlers;
+    static std::atomic<EventHandler*> s_instance;  // every event asks for it
+
+    Handlers m_handlers;
     tbb_compat::critical_section m_mutex;  // guards m_handlers; keeps its owner's thread id
+    std::atomic<unsigned long long> m_version{1};
     int m_viewportWidth = 0;
     int m_viewportHeight = 0;
 };

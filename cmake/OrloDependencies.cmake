@@ -5,6 +5,7 @@ find_package(Threads REQUIRED)
 find_package(ICU 70 REQUIRED COMPONENTS uc i18n io data)
 find_package(absl REQUIRED)
 find_package(TBB REQUIRED)
+find_package(pugixml REQUIRED)
 find_package(spdlog REQUIRED)
 find_package(yaml-cpp REQUIRED)
 

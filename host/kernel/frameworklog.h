@@ -1,5 +1,5 @@
 /// \file
-/// The framework's log from the host's own services.
+/// The framework's log, for modules that do not hold a logger.
 
 #pragma once
 
@@ -7,17 +7,25 @@
 
 #include "platform/kfr/kfrkernelaccess.h"
 
+#include <exception>
 #include <string>
 
 namespace vrn::orlo::host::kernel {
 
-/// Writes one line through the framework's logger; nothing before there is one, or after.
-inline void logToFramework(std::string const& text, LogLevel level)
+/// Writes a line through the logger of the kernel that is set; nothing without one.
+///
+/// Failure    None: a log that cannot be written is no reason to fail.
+/// Threads    Any thread.
+inline void logToFramework(std::string const& text, LogLevel level) noexcept
 {
-    if (auto const kernel = KFR::Framework::getKernelAccessInterface(); kernel != KFR::NULLSP) {
-        if (auto const logger = kernel->getLogger(); logger != KFR::NULLSP) {
-            logger->log(text, static_cast<int>(level));
+    try {
+        if (auto const access = KFR::Framework::getKernelAccessInterface(); access != KFR::NULLSP) {
+            if (auto const logger = access->getLogger(); logger != KFR::NULLSP) {
+                logger->log(text, static_cast<int>(level));
+            }
         }
+    } catch (std::exception const&) {
+        return;  // there is nobody left to tell
     }
 }
 

@@ -11,12 +11,53 @@ using geometry::EntityClass;
 using geometry::Instance;
 using KFR::Services::TypeRegistry::ITypeRegistryInterface;
 
-Model::Model(geometry::GeometryModel geometry, ITypeRegistryInterface& types)
+namespace {
+
+std::string checkColor(KFRAny const& value)
+{
+    constexpr int kWhite = 0xFFFFFF;
+    int const color = *value.get<int>();
+    return color >= 0 && color <= kWhite ? "" : "a color from 0 to 16777215 (0xRRGGBB)";
+}
+
+std::string checkTransparency(KFRAny const& value)
+{
+    double const transparency = *value.get<double>();
+    return transparency >= 0.0 && transparency <= 1.0 ? "" : "a number from 0 to 1";
+}
+
+}  // namespace
+
+Part::Part(std::string name, unsigned int typeId, unsigned int number,
+           std::shared_ptr<EntityService> service)
+    : EntityObjectOf(KFR::NULLSP, typeId, number, std::move(service)), m_name(std::move(name))
+{
+    constexpr int kGrey = 0xB0B0B0;
+    declareProperty(kNameProperty, KFRAny(icu::UnicodeString::fromUTF8(m_name)));
+    declareProperty("description", KFRAny(icu::UnicodeString()));
+    declareProperty("visible", KFRAny(true));
+    declareProperty("color", KFRAny(kGrey), checkColor);
+    declareProperty("transparency", KFRAny(0.0), checkTransparency);
+}
+
+CAE::EntityReference Part::getEntityReference()
+{
+    CAE::EntityReference reference = EntityObjectOf::getEntityReference();
+    reference.service = KFRSmartPointer<CAE::IPartInterface>(this);
+    return reference;
+}
+
+Model::Model(geometry::GeometryModel geometry, ITypeRegistryInterface& types,
+             std::shared_ptr<EntityService> const& service, RootManager* entities)
     : m_geometry(std::move(geometry)), m_partTypeId(types.getTypeId(typenames::kSimulationPart))
 {
     m_parts.reserve(m_geometry.m_parts.size());
     for (geometry::Part const& part : m_geometry.m_parts) {
-        m_parts.push_back(KFR::make<Part>(part.m_name));
+        auto const number = static_cast<unsigned>(m_parts.size()) + 1;
+        m_parts.push_back(KFR::make<Part>(part.m_name, m_partTypeId, number, service));
+        if (entities != nullptr) {
+            static_cast<void>(entities->add(m_parts.back()));
+        }
     }
     for (Entity const& entity : m_geometry.m_entities) {
         if (auto const [row, isNew] = m_typeIds.try_emplace(entity.m_class); isNew) {
@@ -40,7 +81,7 @@ CAE::EntityReference Model::partReference(std::size_t part) const
     if (part >= m_parts.size()) {
         return {};
     }
-    return {m_parts[part], m_partTypeId, static_cast<unsigned>(part) + 1, 0};
+    return m_parts[part]->getEntityReference();
 }
 
 std::string_view Model::typeNameOf(Instance const& node, bool isRoot) noexcept

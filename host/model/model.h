@@ -5,24 +5,38 @@
 #pragma once
 
 #include "host/geometry/geometrymodel.h"
+#include "host/model/entityobject.h"
+#include "host/model/entityservice.h"
+#include "host/model/rootmanager.h"
 #include "platform/caedata/caedata.h"
 #include "platform/caedata/entityreference.h"
 #include "platform/kfr/kfrserviceobject.h"
 #include "platform/registry/typeregistry.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vrn::orlo::host::model {
 
-/// A part: the object through which its entities are reached.
-class Part final : public KFRServiceObjectImpl<CAE::IPartInterface> {
+/// A part: the object through which its entities are reached, and an entity itself.
+///
+/// Properties: "name" and "description", texts; "visible"; "color", 0xRRGGBB; "transparency", 0 for
+/// solid to 1 for invisible.
+class Part final : public EntityObjectOf<CAE::IPartInterface> {
 public:
-    explicit Part(std::string name) : m_name(std::move(name)) {}
+    /// \param typeId   of parts
+    /// \param number   from 1, in the order of the parts
+    /// \param service  told of changes; may be null
+    Part(std::string name, unsigned int typeId, unsigned int number,
+         std::shared_ptr<EntityService> service);
 
+    /// The part is its own owner.
+    CAE::EntityReference getEntityReference() override;
     std::string getObjectName() override { return "Part " + m_name; }
+    /// As the geometry has it, whatever the user has made of the property.
     [[nodiscard]] std::string const& name() const noexcept { return m_name; }
 
 private:
@@ -35,11 +49,19 @@ private:
 /// Threads    Main thread.
 class Model {
 public:
-    /// \param types  asked for the ids of the type names, once each
+    /// \param types     asked for the ids of the type names, once each
+    /// \param service   told of changes to parts; may be null
+    /// \param entities  made to know the parts; may be null
     Model(geometry::GeometryModel geometry,
-          KFR::Services::TypeRegistry::ITypeRegistryInterface& types);
+          KFR::Services::TypeRegistry::ITypeRegistryInterface& types,
+          std::shared_ptr<EntityService> const& service = nullptr, RootManager* entities = nullptr);
 
     [[nodiscard]] geometry::GeometryModel const& geometry() const noexcept { return m_geometry; }
+    /// In the order of the geometry's parts.
+    [[nodiscard]] std::vector<KFRSmartPointer<Part>> const& parts() const noexcept
+    {
+        return m_parts;
+    }
 
     /// Reference of a topological entity: its part as the service, the type of its class, its
     /// number. The empty reference for a number that the model does not have.

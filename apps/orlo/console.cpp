@@ -15,6 +15,7 @@ void writeLine(std::string_view prefix, std::string_view text)
     line.append(text);
     std::replace(line.begin(), line.end(), '\n', ' ');
     line.push_back('\n');
+    std::fflush(stdout);  // what was said before comes before, also where both go to one place
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
@@ -28,6 +29,11 @@ void reportError(std::string_view text)
 void reportWarning(std::string_view text)
 {
     writeLine("warning: ", text);
+}
+
+void reportLine(std::string_view line)
+{
+    writeLine("", line);
 }
 
 ProgressLine::ProgressLine() : m_isTerminal(::isatty(STDERR_FILENO) != 0)

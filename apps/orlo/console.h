@@ -21,6 +21,8 @@ enum ExitStatus : int {
 void reportError(std::string_view text);
 /// One line, "warning: " and the text.
 void reportWarning(std::string_view text);
+/// One line as it is.
+void reportLine(std::string_view line);
 
 /// A progress line that is drawn over and over on a terminal, and not at all elsewhere.
 class ProgressLine {

@@ -41,9 +41,9 @@ void printRow(std::string const& operation, std::string const& name, KFRIService
 
 }  // namespace
 
-int doctor()
+int doctor(SessionOptions const& sessionOptions)
 {
-    Session session;
+    Session session(sessionOptions);
     std::printf("component %s\n", session.component().m_path.c_str());
     for (auto const& [key, value] : session.component().m_info) {
         std::printf("  %-20s %s\n", key.c_str(), value.c_str());

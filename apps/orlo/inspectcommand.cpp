@@ -8,9 +8,9 @@
 
 namespace vrn::orlo::app {
 
-int inspect(InspectOptions const& options)
+int inspect(InspectOptions const& options, SessionOptions const& sessionOptions)
 {
-    Session session;
+    Session session(sessionOptions);
     host::model::Model const model = loadModel(session, options.m_file);
     std::string const report =
         options.m_json

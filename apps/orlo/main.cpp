@@ -1,8 +1,10 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/csvtable.h"
+#include "apps/orlo/session.h"
 #include "apps/orlo/spectrumcommand.h"
 #include "apps/orlo/unitscommand.h"
+#include "apps/orlo/usageerror.h"
 #include "host/geometry/geometryimport.h"
 #include "host/kernel/componentloader.h"
 #include "host/study/atomicfile.h"
@@ -12,6 +14,8 @@
 #include <CLI/CLI.hpp>
 
 #include <exception>
+#include <map>
+#include <string>
 
 namespace {
 
@@ -32,6 +36,9 @@ int guarded(Verb const& verb)
     } catch (app::CsvError const& error) {
         app::reportError(error.what());
         return app::kBadInput;
+    } catch (app::UsageError const& error) {
+        app::reportError(error.what());
+        return app::kBadInput;
     } catch (host::study::WriteError const& error) {
         app::reportError(error.what());
         return app::kBadInput;
@@ -47,7 +54,22 @@ int main(int argc, char** argv)
 {
     CLI::App orlo("Finite-element pre-processing without a window.", "orlo");
     orlo.require_subcommand(1);
+    orlo.fallthrough();  // the options of all verbs may stand after the verb
     orlo.set_version_flag("--version", "orlo 24.8.1");
+
+    app::SessionOptions session;
+    int logLevel = 4;
+    CLI::Option* const level =
+        orlo.add_option("--log-level", logLevel,
+                        "Log what is at least that grave: debug, information, warning, error, off")
+            ->transform(CLI::CheckedTransformer(std::map<std::string, int>{
+                {"debug", 0}, {"information", 1}, {"warning", 2}, {"error", 3}, {"off", 4}}));
+    orlo.add_option("--log-scope", session.m_logScope,
+                    "Limit the debug log to these subsystems, with | between them");
+    orlo.add_option("--log-folder", session.m_logFolder,
+                    "Folder for log files (default: the state folder of the user)");
+    orlo.add_option("--answer", session.m_answers,
+                    "Answer to a message box, by its button's text or number; in their order");
 
     app::InspectOptions inspectOptions;
     CLI::App* const inspect = orlo.add_subcommand("inspect", "Tell what is in a geometry file");
@@ -61,6 +83,15 @@ int main(int argc, char** argv)
     run->add_option("STUDY", runOptions.m_study, "Study file (YAML)")->required();
     run->add_option("--out", runOptions.m_out, "Folder for the outputs (default: out/<study>)");
     run->add_flag("--json", runOptions.m_json, "Print the report as JSON");
+
+    app::EditOptions editOptions;
+    CLI::App* const edit =
+        orlo.add_subcommand("edit", "Change properties of parts and tell the events that arrive");
+    edit->add_option("STUDY", editOptions.m_study, "Study file (YAML)")->required();
+    edit->add_option("--set", editOptions.m_changes, "PART.property=value; may be repeated")
+        ->required()
+        ->allow_extra_args(false);
+    edit->add_flag("--undo", editOptions.m_undo, "Take the last change back at the end");
 
     app::SpectrumOptions spectrumOptions;
     CLI::App* const spectrum = orlo.add_subcommand("spectrum", "Transform a time signal, or back");
@@ -84,17 +115,23 @@ int main(int argc, char** argv)
         int const status = orlo.exit(error);
         return status == 0 ? app::kDone : app::kBadInput;
     }
+    if (level->count() != 0) {
+        session.m_logLevel = logLevel;
+    }
     if (inspect->parsed()) {
-        return guarded([&] { return app::inspect(inspectOptions); });
+        return guarded([&] { return app::inspect(inspectOptions, session); });
     }
     if (run->parsed()) {
-        return guarded([&] { return app::run(runOptions); });
+        return guarded([&] { return app::run(runOptions, session); });
+    }
+    if (edit->parsed()) {
+        return guarded([&] { return app::edit(editOptions, session); });
     }
     if (spectrum->parsed()) {
         return guarded([&] { return app::spectrum(spectrumOptions); });
     }
     if (units->parsed()) {
-        return guarded([&] { return app::units(unitsOptions); });
+        return guarded([&] { return app::units(unitsOptions, session); });
     }
-    return guarded([] { return app::doctor(); });
+    return guarded([&] { return app::doctor(session); });
 }

@@ -26,12 +26,12 @@ void writeOutput(fs::path const& folder, fs::path const& name, std::string const
 
 }  // namespace
 
-int run(RunOptions const& options)
+int run(RunOptions const& options, SessionOptions const& sessionOptions)
 {
     host::study::Study const study = host::study::loadStudy(options.m_study);
     fs::path const folder = options.m_out.empty() ? fs::path("out") / study.m_name : options.m_out;
 
-    Session session;
+    Session session(sessionOptions);
     host::model::Model const model = loadModel(session, study.m_geometry);
 
     std::string const tree = textReport(model, ReportDepth::tree);

@@ -216,9 +216,9 @@ void printJson(std::span<Report const> reports, std::span<WeightUnit const> weig
 
 }  // namespace
 
-int units(UnitsOptions const& options)
+int units(UnitsOptions const& options, SessionOptions const& sessionOptions)
 {
-    Session session;
+    Session session(sessionOptions);
     std::vector<SystemName> const known = knownSystems();
     std::vector<SystemName> asked;
     for (std::string const& word : options.m_systems) {

@@ -173,7 +173,10 @@ KFRResult MessageCatalog::getTextByNumber(int id, KFRSequence<KFRAny> const& par
 KFRResult MessageCatalog::getTextById(std::string const& id, KFRSequence<KFRAny> const& params,
                                       icu::UnicodeString& text)
 {
-    return getText("texts", id, params, text);
+    // Some callers name a numbered message by its number as a text.
+    bool const isNumber = !id.empty() && id.find_first_not_of("0123456789") == std::string::npos;
+    return isNumber ? getText("numbers", "n" + id, params, text)
+                    : getText("texts", id, params, text);
 }
 
 KFRResult MessageCatalog::getHelpKey(std::string const& number, std::string& key)

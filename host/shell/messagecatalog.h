@@ -48,6 +48,7 @@ public:
 
     KFRResult getTextByNumber(int id, KFRSequence<KFRAny> const& params,
                               icu::UnicodeString& text) override;
+    /// An id of digits alone is the number of a message.
     KFRResult getTextById(std::string const& id, KFRSequence<KFRAny> const& params,
                           icu::UnicodeString& text) override;
     /// No key is nothing to warn of.

@@ -41,7 +41,7 @@ std::optional<bool> readBool(std::string_view text) noexcept
 float stringToReal32(std::string_view text) noexcept
 {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
-    if (text.starts_with('+')) {
+    if (text.starts_with('+') && !text.starts_with("+-")) {
         text.remove_prefix(1);
     }
     float value = 0.0F;

@@ -131,7 +131,7 @@ TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
     EXPECT_THAT(run.m_out,
                 ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
     EXPECT_THAT(run.m_out,
-                ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +-"));
+                ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +[^-]"));
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ KFRSequence<KFRAny> const& noParams()
 
 icu::UnicodeString textOf(int id, KFRSequence<KFRAny> const& params)
 {
-    return LocalizationHelper::instance()->getLocaleStringByIntId(id, params);
+    return LocalStr(id).loadRes(params);
 }
 
 /// Runs a command of another plug-in.

@@ -21,6 +21,14 @@ void debugOutput(char const* text)
 
 }  // namespace
 
+namespace logconstants {
+char const* const kKeep = "Please do not remove this line";
+char const* const kCodes1 = "1001,1003,1022";
+char const* const kCodes2 = "1004,1005,1015,1020,1027";
+char const* const kCodes3 = "1002,1007,1009,1011,1012,1013,1014,1018,1019";
+char const* const kCodes4 = "1006,1010,1024,1025,2002";
+}  // namespace logconstants
+
 int Logger::s_filter = INT_MAX;
 bool Logger::s_console = false;
 bool Logger::s_framework = false;

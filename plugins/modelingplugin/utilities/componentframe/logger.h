@@ -25,7 +25,8 @@ public:
     /// Reads, in this order, and stops without a word at the first that cannot be read:
     ///   MODELING_LOG_FILTER, else LogFilter   the filter; without both the rest is not read
     ///   args                                  "-console" anywhere in it: to the standard output
-    ///   MODELING_LOG_SCOPE                    up to ten scopes, with '|' between them
+    ///   MODELING_LOG_SCOPE                    up to ten scopes, with '|' between them; empty for
+    ///                                         all
     ///   OutputDebugString                     exactly "true": to the debug output
     /// With a filter the log goes to the framework's log as well.
     static void initialize();
@@ -80,13 +81,13 @@ private:
     std::ostringstream m_stream;
 };
 
-// Please do not remove these: they are exported by name, and nothing here reads them.
+/// Texts that are exported by name. Nothing here reads them.
 namespace logconstants {
-inline constexpr char const* kKeep = "Please do not remove this line";
-inline constexpr char const* kCodes1 = "1001,1003,1022";
-inline constexpr char const* kCodes2 = "1004,1005,1015,1020,1027";
-inline constexpr char const* kCodes3 = "1002,1007,1009,1011,1012,1013,1014,1018,1019";
-inline constexpr char const* kCodes4 = "1006,1010,1024,1025,2002";
+MODELING_API extern char const* const kKeep;
+MODELING_API extern char const* const kCodes1;
+MODELING_API extern char const* const kCodes2;
+MODELING_API extern char const* const kCodes3;
+MODELING_API extern char const* const kCodes4;
 }  // namespace logconstants
 
 }  // namespace vrn::orlo::plugin::modeling

@@ -131,7 +131,8 @@ TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
     EXPECT_THAT(run.m_out,
                 ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
     EXPECT_THAT(run.m_out,
-                ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +[^-]"));
+                ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +vrn"));
+    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGSCServer +vrn.orlo.gsc.GSCMain +-"));
 }
 
 }  // namespace

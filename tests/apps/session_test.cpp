@@ -9,6 +9,7 @@
 #include "plugins/modelingplugin/utilities/componentframe/localizationhelper.h"
 #include "plugins/modelingplugin/utilities/componentframe/messagehandler.h"
 #include "plugins/modelingplugin/utilities/componentframe/modelingsettinghelper.h"
+#include "plugins/modelingplugin/utilities/componentframe/modelingsettingkeys.h"
 #include "plugins/modelingplugin/utilities/componentframe/pluginenv.h"
 #include "plugins/modelingplugin/utilities/componentframe/producthelper.h"
 #include "plugins/modelingplugin/utilities/eventswork/cmdinvoker.h"
@@ -98,16 +99,16 @@ protected:
 TEST_F(OnTheRealHost, SettingsAreThoseThatAreShipped)
 {
     bool create = false;
-    EXPECT_TRUE(ModelingSettingHelper::loadBoolConfiguration(
-                    u"ModelingPlugin.GravitySettings.AutoCreate", create)
-                    .isOk());
+    EXPECT_TRUE(
+        ModelingSettingHelper::loadBoolConfiguration(settingkeys::kGravityAutoCreate, create)
+            .isOk());
     double magnitude = 0.0;
     EXPECT_TRUE(ModelingSettingHelper::loadDoubleConfiguration(
                     u"MODELINGPLUGIN.GravitySettings.Magnitude", magnitude)
                     .getCode() != KFR::ok);  // only the beginning ignores the case
-    EXPECT_TRUE(ModelingSettingHelper::loadDoubleConfiguration(
-                    u"ModelingPlugin.GravitySettings.Magnitude", magnitude)
-                    .isOk());
+    EXPECT_TRUE(
+        ModelingSettingHelper::loadDoubleConfiguration(settingkeys::kGravityMagnitude, magnitude)
+            .isOk());
     EXPECT_GT(magnitude, 0.0);
     EXPECT_NE(ModelingSettingHelper::getConfigByOption(u"FEMPlugin.x"), KFR::NULLSP);
     EXPECT_TRUE(ProductHelper::isOrloProduct());

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kFrameworkLevel = 1;
 
-/// Stands in for the system's debugger output.
+/// Stands in for OutputDebugStringA, which this system does not have.
 void debugOutput(char const* text)
 {
     std::fputs(text, stderr);

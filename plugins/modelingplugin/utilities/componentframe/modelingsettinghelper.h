@@ -10,7 +10,8 @@
 
 namespace vrn::orlo::plugin::modeling {
 
-/// Reads settings by their full key, "ModelingPlugin.GravitySettings.AutoCreate".
+/// Reads settings by their full key, "ModelingPlugin.GravitySettings.AutoCreate"; see
+/// modelingsettingkeys.h.
 ///
 /// The beginning of the key, in any case of letters, says which settings are meant: "modelingplugin"
 /// or "femplugin". They are loaded from their file at the first use and not again in the process.

@@ -81,21 +81,17 @@ TEST(DataBunch, ListsItsItemsByNameAndTheLastOfEqualOnes)
 
 TEST(DataBunch, LeavesTheTargetAloneWhereItHasNoSuchValue)
 {
-    DataBunch bunch;
+    DataBunch bunch{{"text", "five"}};
     bunch["number"] <<= 5;
-    bunch.setValue("text", "five");
     KFRAny any(1.5);
     EXPECT_FALSE(bunch.queryData("Number", any));
     EXPECT_NE(any.get<double>(), nullptr);
     EXPECT_TRUE(bunch.queryData("number", any));
     EXPECT_EQ(*any.get<int>(), 5);
-    int number = 3;
-    EXPECT_FALSE(bunch.queryValue("text", number));
-    EXPECT_EQ(number, 3);
-    EXPECT_EQ(bunch.valueOr("text", std::string()), "five");
-    EXPECT_EQ(bunch.valueOr("none", 8), 8);
-    EXPECT_FALSE(bunch.hasData("none") || bunch.hasData("Number"));
-    EXPECT_TRUE(bunch.hasData("text"));
+    EXPECT_EQ(bunch.valueOr("text", 3), 3);
+    bunch.setValue("text", 4);
+    EXPECT_EQ(bunch.valueOr("text", 3), 4);
+    EXPECT_TRUE(bunch.hasData("text") && !bunch.hasData("Text"));
 }
 
 TEST(CmdInvoker, WithoutACommandSaysSoAndAnswersEmpty)
@@ -149,10 +145,8 @@ TEST(CmdInvoker, ChangesTwoOptionsAndAThirdForACommandThatCannotBeUndone)
         bool undoable, silent;
         CmdOptions defaults, options;
     } const rows[] = {
-        {true, true, {0, 0, 1, 1}, {1, 1, 1, 1}},
-        {true, false, {1, 1, 0, 0}, {1, 0, 0, 0}},
-        {false, true, {1, 0, 1, 1}, {0, 1, 0, 1}},
-        {false, false, {1, 1, 1, 0}, {0, 0, 0, 0}},
+        {true, false, {0, 1, 0, 1}, {1, 0, 0, 1}},
+        {false, true, {1, 0, 1, 0}, {0, 1, 0, 0}},
     };
     PlatformScope platform;
     auto const processor = putProcessor();

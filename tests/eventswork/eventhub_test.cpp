@@ -235,8 +235,9 @@ TEST(EventHub, DeliversWhatAClientPublishesToTheClientsOfThatMoment)
     Clients clients;
     Client added;
     clients[1].act = [&] {
-        clients[1].act = [] {
-        };
+        if (clients[1].heard.size() > 1) {
+            return;
+        }
         hub().removeDomainEventHandler(kDomain, &clients[0]);
         hub().addDomainEventHandler(kDomain, &added);
         EXPECT_EQ(publish(kDomain, 2), 1);
@@ -275,14 +276,17 @@ TEST(EventHub, RefusesAnEventFromWithinTheSubscriptionAndIsUsableAfterwards)
     scope.manager->atAddListener = [] {
         publish(kDomain, 2);
     };
-    EXPECT_THROW(hub().addModelingPluginEventHandler(&clients[0]), tbb_compat::improper_lock);
-    EXPECT_THAT(clients[0].heard, ElementsAre(1));
+    for (int i = 0; i < 2; ++i) {  // the second time the clients are as this thread has seen them
+        EXPECT_THROW(hub().addModelingPluginEventHandler(&clients[0]), tbb_compat::improper_lock);
+        EXPECT_EQ(publish(kDomain, 3), 1);
+    }
+    EXPECT_THAT(clients[0].heard, ElementsAre(1, 3, 3));
     scope.manager->atAddListener = [] {
     };
     scope.manager->takeNotes();
     hub().addModelingPluginEventHandler(&clients[0]);  // it is not subscribed yet
     EXPECT_EQ(scope.manager->takeNotes().size(), 1u);
-    EXPECT_EQ(publish(Hub::getModelingDomainId(), 3), 1);
+    EXPECT_EQ(publish(Hub::getModelingDomainId(), 4), 1);
 }
 
 TEST(EventHub, WorksWithoutAnEventManagerAndRefusesAnythingElseInItsPlace)

@@ -67,6 +67,9 @@ void EditEntityHelper::setProperties(DataBunch const& values, bool undoable, boo
 void EditEntityHelper::setPropertiesEx(DataBunch const& values)
 {
     for (auto const& entity : m_entities) {
+        if (entity == NULLSP) {
+            continue;
+        }
         for (auto const& [name, value] : values) {
             static_cast<void>(entity->setProperty(name, value));
         }

@@ -51,20 +51,28 @@ struct EventHandler::View {
         return found != m_domains.end() && found->first == domain ? found->second.get() : nullptr;
     }
 
-    /// The calling thread's, made at its first event.
-    static View& ofThread();
+    /// The calling thread's, made at its first event; null when the thread's objects are gone.
+    static View* ofThread();
 };
 
-EventHandler::View& EventHandler::View::ofThread()
+EventHandler::View* EventHandler::View::ofThread()
 {
     // A pointer, since an object would be asked at each access whether it has been made; and in the
     // static block, which is reached without a call.
     thread_local constinit View* view __attribute__((tls_model("initial-exec"))) = nullptr;
-    if (view == nullptr) {
-        thread_local View made;
+    thread_local constinit bool hasEnded = false;
+    struct Owned : View {
+        ~Owned()
+        {
+            view = nullptr;
+            hasEnded = true;  // what still comes, at the end of the process, goes without a view
+        }
+    };
+    if (view == nullptr && !hasEnded) {
+        thread_local Owned made;
         view = &made;
     }
-    return *view;
+    return view;
 }
 
 /// Marks that a thread walks over the clients of its view.
@@ -126,12 +134,12 @@ long long EventHandler::getGUIChannelId()
 void EventHandler::addDomainEventHandler(long long domain, IKFREventHandler* client)
 {
     std::lock_guard const lock(m_mutex);
-    Snapshot& snapshot = m_handlers[domain];
-    Clients clients = snapshot != nullptr ? *snapshot : Clients();
+    auto const known = m_handlers.find(domain);
+    Clients clients = known != m_handlers.end() ? *known->second : Clients();
     auto const place = std::ranges::lower_bound(clients, client, std::less<>());
     if (place == clients.end() || *place != client) {
         clients.insert(place, client);
-        snapshot = std::make_shared<Clients const>(std::move(clients));
+        m_handlers.insert_or_assign(domain, std::make_shared<Clients const>(std::move(clients)));
         noteChange();
     }
     EventListener::getDefListener()->listenDomainEvent(domain);
@@ -150,13 +158,17 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
         return;
     }
     clients.erase(place);
-    if (clients.empty()) {
-        EventListener::getDefListener()->removeDomainListener(domain);
-        m_handlers.erase(domain);
+    // The client first: it may go, whatever the subscription's end throws.
+    bool const wasLast = clients.empty();
+    if (wasLast) {
+        m_handlers.erase(found);
     } else {
         found->second = std::make_shared<Clients const>(std::move(clients));
     }
     noteChange();
+    if (wasLast) {
+        EventListener::getDefListener()->removeDomainListener(domain);
+    }
 }
 
 void EventHandler::removeDomainEventHandlers(long long domain)
@@ -187,22 +199,42 @@ void EventHandler::refresh(View& view)
     view.m_version = m_version.load(std::memory_order_relaxed);
 }
 
-HandleEventStatus EventHandler::handleEvent(KFREvent const& event)
+HandleEventStatus EventHandler::deliver(Clients const& clients, KFREvent const& event)
 {
-    View& view = View::ofThread();
-    // Who changes the clients holds the lock and must not get here meanwhile: refresh() throws then.
-    if (view.m_version != m_version.load(std::memory_order_acquire) || m_mutex.isHeldHere()) {
-        refresh(view);
-    }
-    Clients const* const clients = view.clientsOf(event.domain);
-    if (clients == nullptr || clients->empty()) {
-        return kNotHandled;
-    }
-    Delivery const delivery(view);  // the view keeps the clients for as long
-    for (IKFREventHandler* const client : *clients) {
+    for (IKFREventHandler* const client : clients) {
         client->handle(event.domain, event);
     }
-    return kHandled;
+    return clients.empty() ? kNotHandled : kHandled;
+}
+
+HandleEventStatus EventHandler::handleEvent(KFREvent const& event)
+{
+    View* const view = View::ofThread();
+    if (view == nullptr) {
+        return handleWithoutView(event);
+    }
+    // Who changes the clients holds the lock and must not get here meanwhile: refresh() throws then.
+    if (view->m_version != m_version.load(std::memory_order_acquire) || m_mutex.isHeldHere()) {
+        refresh(*view);
+    }
+    Clients const* const clients = view->clientsOf(event.domain);
+    if (clients == nullptr) {
+        return kNotHandled;
+    }
+    Delivery const delivery(*view);  // the view keeps the clients for as long
+    return deliver(*clients, event);
+}
+
+HandleEventStatus EventHandler::handleWithoutView(KFREvent const& event)
+{
+    Snapshot clients;
+    {
+        std::lock_guard const lock(m_mutex);
+        if (auto const found = m_handlers.find(event.domain); found != m_handlers.end()) {
+            clients = found->second;
+        }
+    }
+    return clients != nullptr ? deliver(*clients, event) : kNotHandled;
 }
 
 void EventHandler::viewportSize(int& width, int& height) const

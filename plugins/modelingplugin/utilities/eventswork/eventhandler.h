@@ -89,6 +89,9 @@ private:
     static EventHandler* make();
     void setViewportSize(int width, int height);
     void refresh(View& view);
+    static HandleEventStatus deliver(Clients const& clients, KFREvent const& event);
+    /// For threads that are about to end.
+    HandleEventStatus handleWithoutView(KFREvent const& event);
     /// To be called under the lock after each change.
     void noteChange() noexcept
     {

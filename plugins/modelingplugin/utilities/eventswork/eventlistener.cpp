@@ -74,11 +74,13 @@ void EventListener::subscribe(long long domain, KFRSequence<int> const& events)
 
 void EventListener::removeDomainListener(long long domain)
 {
-    if (m_active.erase(domain) != 0) {
-        if (auto const manager = eventManager(); manager != NULLSP) {
-            static_cast<void>(manager->removeListener(domain, m_listener));
-        }
+    if (!m_active.contains(domain)) {
+        return;
     }
+    if (auto const manager = eventManager(); manager != NULLSP) {
+        static_cast<void>(manager->removeListener(domain, m_listener));
+    }
+    m_active.erase(domain);
 }
 
 void EventListener::removeAllListener()

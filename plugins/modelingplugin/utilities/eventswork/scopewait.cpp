@@ -35,6 +35,17 @@ void tell(int eventId)
     static_cast<void>(states->send("appfw.CommandSS", event, 0));
 }
 
+KFRSmartPointer<appfw::KFRITransactionInterface> openTransaction()
+{
+    KFRSmartPointer<appfw::KFRITransactionInterface> transaction;
+    auto const broker = KFR::strict_cast<appfw::KFRITransactionBrokerFactoryInterface>(
+        ServiceHelper::getTransactionBroker());
+    if (broker != NULLSP) {
+        static_cast<void>(broker->createTransaction(transaction));
+    }
+    return transaction;
+}
+
 }  // namespace
 
 ScopeWait::ScopeWait(bool notify, bool transaction) : m_notify(notify)
@@ -42,23 +53,36 @@ ScopeWait::ScopeWait(bool notify, bool transaction) : m_notify(notify)
     if (m_notify) {
         tell(kBegin);
     }
-    if (transaction) {
-        auto const broker = KFR::strict_cast<appfw::KFRITransactionBrokerFactoryInterface>(
-            ServiceHelper::getTransactionBroker());
-        if (broker != NULLSP) {
-            static_cast<void>(broker->createTransaction(m_transaction));
+    if (!transaction) {
+        return;
+    }
+    try {
+        m_transaction = openTransaction();
+    } catch (...) {
+        if (m_notify) {
+            tell(kEnd);  // no destructor will
         }
+        throw;
     }
 }
 
 ScopeWait::~ScopeWait()
 {
-    if (m_transaction != NULLSP) {
-        static_cast<void>(m_transaction->end());
+    // Nothing may leave a destructor, and each step is owed whatever becomes of the other.
+    try {
+        if (m_transaction != NULLSP) {
+            static_cast<void>(m_transaction->end());
+            m_transaction.release();
+        }
+    } catch (...) {
         m_transaction.release();
     }
-    if (m_notify) {
-        tell(kEnd);
+    try {
+        if (m_notify) {
+            tell(kEnd);
+        }
+    } catch (...) {
+        return;
     }
 }
 

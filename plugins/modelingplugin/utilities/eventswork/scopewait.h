@@ -11,7 +11,8 @@ namespace vrn::orlo::plugin::modeling {
 /// Tells the command processor's state machine that a silent stretch begins, and at its end that it
 /// is over: the shell's wait cursor hangs on that. It can hold a transaction meanwhile.
 ///
-/// Failure    Silent: what the platform lacks or refuses is left out.
+/// Failure    What the platform lacks or refuses is left out. A service of the wrong kind throws
+///            KFRSystemException on construction, never at the end.
 /// Threads    Main thread.
 class MODELING_API ScopeWait {
 public:

@@ -2,11 +2,11 @@
 
 #include <atomic>
 #include <cstddef>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <semaphore>
 #include <thread>
-#include <utility>
 
 namespace vrn::orlo::plugin::modeling {
 
@@ -16,13 +16,13 @@ using Semaphore = std::counting_semaphore<0x10000>;
 
 void runTask(task_request const& task)
 {
+    std::unique_ptr<TaskParameter const> const owned(task.parameter);
     if (task.handler != nullptr) {
         task.handler->run(task.parameter);
     } else {
         static_cast<void>(
             Invoker<IEventHandler>(task.invokerObject, task.invokerFunction)(task.parameter));
     }
-    delete std::exchange(task.parameter, nullptr);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "tests/support/freshprocess.h"
 #include "tests/support/matchers.h"
 #include "tests/support/messagefakes.h"
+#include "tests/support/platformscope.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -36,6 +37,7 @@ std::string worded(Execution const& sent)
 TEST(AtMouseInstruction, IsMadeOnceAndStaysAfterItsEnd)
 {
     EXPECT_HOLDS_IN_FRESH_PROCESS([] {
+        test::PlatformScope platform;
         EXPECT_EQ(AtMouseInstruction::instance(), nullptr);
         auto const services = KFR::make<test::FakeServices>();
         KFRSmartPointer<KFRIServiceProviderInterface> const provider(services);

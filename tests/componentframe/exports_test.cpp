@@ -30,28 +30,20 @@ std::vector<std::string> definedSymbols()
     return names;
 }
 
-TEST(Exports, AreThreeFunctionsWithCNames)
+TEST(Exports, AreThreeFunctionsWithCNamesAndTheSystemsOwn)
 {
     std::vector<std::string> plain;
-    for (std::string const& name : definedSymbols()) {
+    auto const names = definedSymbols();
+    for (std::string const& name : names) {
         if (name.rfind("_Z", 0) != 0) {
             plain.push_back(name);
+        } else {
+            EXPECT_THAT(name, HasSubstr("3vrn4orlo"));
         }
     }
     EXPECT_THAT(plain, UnorderedElementsAre("KFR_Comp_Info", "KFR_Comp_Init",
                                             "KFR_Get_ServiceVersionTable"));
-}
-
-TEST(Exports, AreOtherwiseTheSystemsOwnAlone)
-{
-    int mangled = 0;
-    for (std::string const& name : definedSymbols()) {
-        if (name.rfind("_Z", 0) == 0) {
-            ++mangled;
-            EXPECT_THAT(name, HasSubstr("3vrn4orlo"));
-        }
-    }
-    EXPECT_GT(mangled, 100);
+    EXPECT_GT(names.size(), 100U);
 }
 
 }  // namespace

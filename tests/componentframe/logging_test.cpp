@@ -112,18 +112,15 @@ TEST(PerformanceLog, IsAFileOfThePluginAndComesBackAfterItsRelease)
     });
 }
 
-/// What initialize() makes of the environment: the tests of the filter, and where a text goes.
-struct DebugLogCase {
-    std::vector<std::pair<char const*, char const*>> environment;
-    bool debug, scopeA, scopeK, errors;
-    bool console, framework, debugOutput;
-};
-
 TEST(DebugLog, IsSteeredByTheEnvironmentAlone)
 {
     char const* const twelve = "A|B|C|D|E|F|G|H|I|J|K|L";
     // clang-format off
-    DebugLogCase const kCases[] = {
+    struct {
+        std::vector<std::pair<char const*, char const*>> environment;
+        bool debug, scopeA, scopeK, errors;
+        bool console, framework, debugOutput;
+    } const kCases[] = {
         {{}, 0, 0, 0, 0, 0, 0, 0},
         {{{"args", "-console"}, {"OutputDebugString", "true"}}, 0, 0, 0, 0, 0, 0, 0},
         {{{"MODELING_LOG_FILTER", "x"}, {"LogFilter", "0"}, {"args", "-console"}}, 0, 0, 0, 0, 0, 0, 0},
@@ -138,7 +135,7 @@ TEST(DebugLog, IsSteeredByTheEnvironmentAlone)
         {{{"LogFilter", "0"}, {"MODELING_LOG_SCOPE", "K"}}, 1, 0, 1, 1, 0, 1, 0},
     };
     // clang-format on
-    for (DebugLogCase const& row : kCases) {
+    for (auto const& row : kCases) {
         EXPECT_HOLDS_IN_FRESH_PROCESS([&row] {
             for (char const* const name : {"MODELING_LOG_FILTER", "LogFilter", "args",
                                            "MODELING_LOG_SCOPE", "OutputDebugString"}) {

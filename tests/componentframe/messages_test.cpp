@@ -122,12 +122,11 @@ TEST(MessageHandler, OpensHelpByTheKeyOrElseByTheNumber)
     scope.catalog->helpKeys["1022"] = "mesh/failed";
     MessageHandler::showDrupalMessage(1022, {KFRAny(1)}, true);
     MessageHandler::showDrupalMessage(1023, {}, false);
-    ASSERT_EQ(framework->helps.size(), 2u);
-    EXPECT_EQ(framework->helps[0].key, "mesh/failed");
-    EXPECT_EQ(framework->helps[0].params.size(), 1u);
-    EXPECT_TRUE(framework->helps[0].flag);
-    EXPECT_EQ(framework->helps[1].key, "1023");
-    EXPECT_FALSE(framework->helps[1].flag);
+    std::vector<std::string> helps;
+    for (auto const& [key, params, flag] : framework->helps) {
+        helps.push_back(key + " " + std::to_string(params.size()) + (flag ? " new" : ""));
+    }
+    EXPECT_THAT(helps, ::testing::ElementsAre("mesh/failed 1 new", "1023 0"));
 }
 
 TEST(MessageHandler, TellsWhatAValueOutsideItsRangeWouldHaveToBe)
@@ -148,15 +147,14 @@ TEST(MessageHandler, TellsWhatAValueOutsideItsRangeWouldHaveToBe)
     };
     // clang-format off
     Row const rows[] = {
-        {Range(low, false, high, false), 2, nullptr}, {Range(low, false, high, false), 5, nullptr},
-        {Range(low, false, high, false), 6, u"10614<n><2><5>"},
+        {Range(low, false, high, false), 5, nullptr}, {Range(low, false, high, false), 6, u"10614<n><2><5>"},
         {Range(low, false, high, true), 2, nullptr}, {Range(low, false, high, true), 5, u"10612<n><2><5>"},
         {Range(low, true, high, false), 5, nullptr}, {Range(low, true, high, false), 2, u"10613<n><2><5>"},
         {Range(low, true, high, true), 2, u"10611<n><2><5>"},
         {Range(low, true, false), 2, nullptr}, {Range(low, true, false), 1, u"10608<n><2>"},
-        {Range(low, true, true), 3, nullptr}, {Range(low, true, true), 2, u"10607<n><2>"},
+        {Range(low, true, true), 2, u"10607<n><2>"},
         {Range(high, false, false), 5, nullptr}, {Range(high, false, false), 6, u"10610<n><5>"},
-        {Range(high, false, true), 4, nullptr}, {Range(high, false, true), 5, u"10609<n><5>"},
+        {Range(high, false, true), 5, u"10609<n><5>"},
         {Range(), -1e308, nullptr},
     };
     // clang-format on

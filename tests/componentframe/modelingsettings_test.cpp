@@ -42,21 +42,18 @@ struct Application {
     }
 };
 
-struct Source {
+constexpr struct {
     KFRResult (*load)(Configuration&);
     KFRSmartPointer<test::FakeConfiguration> Application::*configuration;
     char16_t const* folderVariable;
     char16_t const* file;
     char16_t const* lock;
-};
-
-constexpr Source kSources[] = {
-    {&Helper::LoadModelingConfiguration, &Application::modeling, u"APP_DIR",
-     u"C:\\app\\Plugins\\ModelingPlugin\\res\\ModelingConfig.xml",
-     u"C:\\app\\Plugins\\ModelingPlugin\\res\\ModelingConfig.lck"},
-    {&Helper::LoadFEMConfiguration, &Application::fem, u"LEAF_DIR",
-     u"C:\\leaf\\Plugins\\FEMPlugin\\res\\FEMConfig.xml",
-     u"C:\\leaf\\Plugins\\FEMPlugin\\res\\FEMConfig.lck"}};
+} kSources[] = {{&Helper::LoadModelingConfiguration, &Application::modeling, u"APP_DIR",
+                 u"C:\\app\\Plugins\\ModelingPlugin\\res\\ModelingConfig.xml",
+                 u"C:\\app\\Plugins\\ModelingPlugin\\res\\ModelingConfig.lck"},
+                {&Helper::LoadFEMConfiguration, &Application::fem, u"LEAF_DIR",
+                 u"C:\\leaf\\Plugins\\FEMPlugin\\res\\FEMConfig.xml",
+                 u"C:\\leaf\\Plugins\\FEMPlugin\\res\\FEMConfig.lck"}};
 
 TEST(ModelingSettings, AreLoadedAfterTwoAttemptsAtMostToRemoveAStaleLock)
 {

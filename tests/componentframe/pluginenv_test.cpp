@@ -96,15 +96,14 @@ TEST(PluginEnv, ReadsEachOfTheDevelopersKeysByItsName)
         auto const group = settings->put(kGroup);
         platform.services().put(kManager, settings);
 
-        struct Flag {
+        constexpr struct {
             char16_t const* key;
             bool (PluginEnv::*isSet)();
-        };
-        constexpr Flag kFlags[] = {{u"RUN_SPF_SCENARIO", &PluginEnv::isRunSPFScenarioSet},
-                                   {u"SCENARIO_DEBUG", &PluginEnv::isScenarioDebugEnabled},
-                                   {u"VRN_PRINT_DM_GRAPH", &PluginEnv::isPrintDMGraphSet},
-                                   {u"GLUE_DIAGNOSTICS", &PluginEnv::isGlueDiagnosticsSet},
-                                   {u"NodeTie_RepDisplay", &PluginEnv::isNodeTieRepDisplay}};
+        } kFlags[] = {{u"RUN_SPF_SCENARIO", &PluginEnv::isRunSPFScenarioSet},
+                      {u"SCENARIO_DEBUG", &PluginEnv::isScenarioDebugEnabled},
+                      {u"VRN_PRINT_DM_GRAPH", &PluginEnv::isPrintDMGraphSet},
+                      {u"GLUE_DIAGNOSTICS", &PluginEnv::isGlueDiagnosticsSet},
+                      {u"NodeTie_RepDisplay", &PluginEnv::isNodeTieRepDisplay}};
         for (auto const& [key, isSet] : kFlags) {
             EXPECT_FALSE((env().*isSet)());
             group->values[key] <<= true;

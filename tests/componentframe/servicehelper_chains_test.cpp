@@ -8,8 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <ostream>
-#include <string>
+#include <vector>
 
 namespace vrn::orlo::plugin::modeling {
 namespace {
@@ -31,172 +30,88 @@ constexpr char const* kGeometry = "vrn.orlo.plugin.geometry.GeometryCommonServic
 constexpr char const* kTransform = "vrn.orlo.plugin.transform.CommonService";
 constexpr char const* kShell = "vrn.orlo.plugin.shell.ShellEntities";
 
-KFRSmartPointer<test::FakeGSCSession> putActiveSession(PlatformScope& platform, int steps = 2)
-{
-    auto const server = KFR::make<test::FakeGSCServer>();
-    auto const session = KFR::make<test::FakeGSCSession>();
-    if (steps > 0) {
-        platform.services().put(kServer, server);
+/// All that the chains of calls lead through, none of it linked to another.
+struct World {
+    PlatformScope platform;
+    KFRSmartPointer<test::FakeGSCServer> server = KFR::make<test::FakeGSCServer>();
+    KFRSmartPointer<test::FakeGSCSession> session = KFR::make<test::FakeGSCSession>();
+    KFRSmartPointer<test::FakeGSCUtilityFactory> utility = KFR::make<test::FakeGSCUtilityFactory>();
+    KFRSmartPointer<test::FakeGeomCommonService> geometry =
+        KFR::make<test::FakeGeomCommonService>();
+    KFRSmartPointer<test::FakeGeomSession> geomSession = KFR::make<test::FakeGeomSession>();
+    KFRSmartPointer<test::FakeTransformCommon> transform = KFR::make<test::FakeTransformCommon>();
+    KFRSmartPointer<test::FakeTrashBinFactory> trash = KFR::make<test::FakeTrashBinFactory>();
+    KFRSmartPointer<test::FakeUndoRedoFactory> undoRedo = KFR::make<test::FakeUndoRedoFactory>();
+    KFRSmartPointer<test::FakeManagers> managers = KFR::make<test::FakeManagers>();
+    KFRSmartPointer<test::FakeViewportManager> viewports = KFR::make<test::FakeViewportManager>();
+
+    void put(char const* name, KFRIService const& service)
+    {
+        platform.services().put(name, service);
     }
-    if (steps > 1) {
+    void putBothSessions()
+    {
+        put(kGeometry, geometry);
+        geometry->session = geomSession;
+        put(kServer, server);
         server->session = session;
     }
-    return session;
-}
+};
 
-KFRSmartPointer<test::FakeGeomSession> putGeomSession(PlatformScope& platform, int steps = 2)
-{
-    auto const common = KFR::make<test::FakeGeomCommonService>();
-    auto const session = KFR::make<test::FakeGeomSession>();
-    if (steps > 0) {
-        platform.services().put(kGeometry, common);
+#define STEP(...)                 \
+    [](World& w) -> KFRIService { \
+        __VA_ARGS__;              \
     }
-    if (steps > 1) {
-        common->session = session;
-    }
-    return session;
-}
+#define PUT(name, member) STEP(w.put(name, w.member); return w.member)
+#define HOLD(held, member) STEP(return Holder::held = w.member)
 
-/// A chain of calls. `build` makes as much of what it needs as the number of steps says, and gives
-/// the object at its end.
-struct ChainCase {
+// clang-format off
+struct {
     char const* operation;
     KFRIService (*ask)();
-    int steps;
-    KFRIService (*build)(PlatformScope&, int steps);
+    std::vector<KFRIService (*)(World&)> steps;
+} const kChainCases[] = {
+    {"getGSCActiveSession", &ServiceHelper::getGSCActiveSession,
+     {PUT(kServer, server), STEP(return w.server->session = w.session)}},
+    {"getGSCMath", &ServiceHelper::getGSCMath,
+     {PUT(kUtility, utility), STEP(return w.utility->math = makePlain<gsc::KFRIGSCMath>())}},
+    {"getGeomSession", &ServiceHelper::getGeomSession,
+     {PUT(kGeometry, geometry), STEP(return w.geometry->session = w.geomSession)}},
+    {"getGeomOpeProgress", &ServiceHelper::getGeomOpeProgress,
+     {PUT(kGeometry, geometry), STEP(return w.geometry->progress = KFR::make<Stranger>())}},
+    {"getGSCQueryTool", &ServiceHelper::getGSCQueryTool,
+     {PUT(kServer, server), STEP(return w.server->session = w.session),
+      STEP(return w.session->queryTool = makePlain<gsc::GSCIQueryTool>())}},
+    {"getGSCModifyTool", &ServiceHelper::getGSCModifyTool,
+     {PUT(kServer, server), STEP(return w.server->session = w.session),
+      STEP(return w.session->modifyTool = makePlain<gsc::GSCIModifyTool>())}},
+    {"getTransformService", &ServiceHelper::getTransformService,
+     {PUT(kTransform, transform), STEP(return w.transform->transform = KFR::make<Stranger>())}},
+    {"getTrashbin", &ServiceHelper::getTrashbin,
+     {HOLD(trashBinFactory_, trash),
+      STEP(return w.trash->trashBin = makePlain<appfw::KFRITrashBinInterface>())}},
+    {"getURMacro", &ServiceHelper::getURMacro,
+     {HOLD(undoRedoFactory_, undoRedo), STEP(return w.undoRedo->recorder = KFR::make<Stranger>())}},
+    {"getViewport", &ServiceHelper::getViewport,
+     {PUT(kShell, managers), STEP(return w.managers->viewports = w.viewports),
+      STEP(return w.viewports->viewport = makePlain<shell::IViewport>())}},
 };
+// clang-format on
 
-void PrintTo(ChainCase const& row, std::ostream* out)
+TEST(Chain, EndsAtItsObjectWhateverTheResultsSayAndIsNullWhenAnyStepIs)
 {
-    *out << row.operation;
-}
-
-class Chain : public ::testing::TestWithParam<ChainCase> {};
-
-TEST_P(Chain, EndsAtItsObjectWhateverTheResultsSay)
-{
-    PlatformScope platform;
-    KFRIService const last = GetParam().build(platform, GetParam().steps);
-    EXPECT_THAT(GetParam().ask(), IsObject(last));
-}
-
-TEST_P(Chain, IsNullWhenAnyStepIs)
-{
-    for (int steps = 0; steps < GetParam().steps; ++steps) {
-        SCOPED_TRACE(steps);
-        PlatformScope platform;
-        static_cast<void>(GetParam().build(platform, steps));
-        EXPECT_THAT(GetParam().ask(), IsNullHandle());
+    for (auto const& row : kChainCases) {
+        SCOPED_TRACE(row.operation);
+        World world;
+        for (auto const step : row.steps) {
+            EXPECT_THAT(row.ask(), IsNullHandle());
+            KFRIService const next = step(world);
+            if (step == row.steps.back()) {
+                EXPECT_THAT(row.ask(), IsObject(next));
+            }
+        }
     }
 }
-
-ChainCase const kChainCases[] = {
-    {"getGSCActiveSession", &ServiceHelper::getGSCActiveSession, 2,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         return putActiveSession(platform, steps);
-     }},
-    {"getGSCMath", &ServiceHelper::getGSCMath, 2,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const factory = KFR::make<test::FakeGSCUtilityFactory>();
-         auto const math = makePlain<gsc::KFRIGSCMath>();
-         if (steps > 0) {
-             platform.services().put(kUtility, factory);
-         }
-         if (steps > 1) {
-             factory->math = math;
-         }
-         return math;
-     }},
-    {"getGeomSession", &ServiceHelper::getGeomSession, 2,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         return putGeomSession(platform, steps);
-     }},
-    {"getGeomOpeProgress", &ServiceHelper::getGeomOpeProgress, 2,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const common = KFR::make<test::FakeGeomCommonService>();
-         auto const progress = KFR::make<Stranger>();
-         if (steps > 0) {
-             platform.services().put(kGeometry, common);
-         }
-         if (steps > 1) {
-             common->progress = progress;
-         }
-         return progress;
-     }},
-    {"getGSCQueryTool", &ServiceHelper::getGSCQueryTool, 3,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const session = putActiveSession(platform, steps);
-         auto const tool = makePlain<gsc::GSCIQueryTool>();
-         if (steps > 2) {
-             session->queryTool = tool;
-         }
-         return tool;
-     }},
-    {"getGSCModifyTool", &ServiceHelper::getGSCModifyTool, 3,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const session = putActiveSession(platform, steps);
-         auto const tool = makePlain<gsc::GSCIModifyTool>();
-         if (steps > 2) {
-             session->modifyTool = tool;
-         }
-         return tool;
-     }},
-    {"getTransformService", &ServiceHelper::getTransformService, 2,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const common = KFR::make<test::FakeTransformCommon>();
-         auto const transform = KFR::make<Stranger>();
-         if (steps > 0) {
-             platform.services().put(kTransform, common);
-         }
-         if (steps > 1) {
-             common->transform = transform;
-         }
-         return transform;
-     }},
-    {"getTrashbin", &ServiceHelper::getTrashbin, 2,
-     [](PlatformScope&, int steps) -> KFRIService {
-         auto const factory = KFR::make<test::FakeTrashBinFactory>();
-         auto const trashBin = makePlain<appfw::KFRITrashBinInterface>();
-         if (steps > 0) {
-             Holder::trashBinFactory_ = factory;
-         }
-         if (steps > 1) {
-             factory->trashBin = trashBin;
-         }
-         return trashBin;
-     }},
-    {"getURMacro", &ServiceHelper::getURMacro, 2,
-     [](PlatformScope&, int steps) -> KFRIService {
-         auto const factory = KFR::make<test::FakeUndoRedoFactory>();
-         auto const recorder = KFR::make<Stranger>();
-         if (steps > 0) {
-             Holder::undoRedoFactory_ = factory;
-         }
-         if (steps > 1) {
-             factory->recorder = recorder;
-         }
-         return recorder;
-     }},
-    {"getViewport", &ServiceHelper::getViewport, 3,
-     [](PlatformScope& platform, int steps) -> KFRIService {
-         auto const managers = KFR::make<test::FakeManagers>();
-         auto const viewports = KFR::make<test::FakeViewportManager>();
-         auto const viewport = makePlain<shell::IViewport>();
-         if (steps > 0) {
-             platform.services().put(kShell, managers);
-         }
-         if (steps > 1) {
-             managers->viewports = viewports;
-         }
-         if (steps > 2) {
-             viewports->viewport = viewport;
-         }
-         return viewport;
-     }},
-};
-
-INSTANTIATE_TEST_SUITE_P(ServiceHelper, Chain, ::testing::ValuesIn(kChainCases),
-                         [](auto const& row) { return std::string(row.param.operation); });
 
 struct CastCase {
     KFRIService (*ask)();
@@ -233,9 +148,10 @@ TEST(Chains, CastTheirFirstServiceStrictlyOrLoosely)
 
 TEST(Chains, PreferTheToolsOfTheGeometrySession)
 {
-    PlatformScope platform;
-    auto const geometry = putGeomSession(platform);
-    auto const server = putActiveSession(platform);
+    World world;
+    world.putBothSessions();
+    auto const& geometry = world.geomSession;
+    auto const& server = world.session;
     geometry->queryTool = makePlain<gsc::GSCIQueryTool>();
     server->queryTool = makePlain<gsc::GSCIQueryTool>();
     geometry->modifyTool = makePlain<gsc::GSCIModifyTool>();
@@ -253,9 +169,10 @@ TEST(Chains, PreferTheToolsOfTheGeometrySession)
 
 TEST(Chains, DoNotAskTheServerForAToolThatTheGeometrySessionHas)
 {
-    PlatformScope platform;
-    putGeomSession(platform)->queryTool = makePlain<gsc::GSCIQueryTool>();
-    platform.services().putStranger(kServer);
+    World world;
+    world.putBothSessions();
+    world.geomSession->queryTool = makePlain<gsc::GSCIQueryTool>();
+    world.platform.services().putStranger(kServer);
     EXPECT_FALSE(ServiceHelper::getGSCQueryTool() == KFR::NULLSP);
     EXPECT_THROW(ServiceHelper::getGSCModifyTool(), KFRSystemException);
 }

@@ -18,7 +18,7 @@ using plugin::modeling::test::LookUpForm;
 using plugin::modeling::test::PlatformScope;
 using ::testing::ElementsAre;
 
-TEST(ServiceProviderHelper, AsksTheProviderAfreshEveryTime)
+TEST(ServiceProviderHelper, AsksTheProviderAfreshEveryTimeAndGivesItsResult)
 {
     PlatformScope platform;
     KFRIService const wanted = platform.services().putStranger("wanted");
@@ -29,12 +29,6 @@ TEST(ServiceProviderHelper, AsksTheProviderAfreshEveryTime)
     EXPECT_THAT(platform.services().lookUps(),
                 ElementsAre(LookUp{LookUpForm::nameParametersResult, "wanted", "a=b"},
                             LookUp{LookUpForm::nameParametersResult, "wanted", ""}));
-}
-
-TEST(ServiceProviderHelper, GivesTheProvidersResultToTheCallerWhoAsksForIt)
-{
-    PlatformScope platform;
-    KFRResult result(KFR::ok);
     EXPECT_THAT(ServiceProviderHelper::getService("missing", result), IsNullHandle());
     EXPECT_EQ(result.getCode(), KFR::notDone);
     EXPECT_THAT(ServiceProviderHelper::getService("missing", ""), IsNullHandle());

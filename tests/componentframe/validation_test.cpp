@@ -16,18 +16,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
 #include <exception>
 #include <filesystem>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 namespace vrn::orlo::plugin::modeling {
 namespace {
 
-using test::makePlain;
 using test::PlatformScope;
 using ::vrn::orlo::test::contentOf;
 using ::vrn::orlo::test::TemporaryFolder;
@@ -42,10 +39,15 @@ void putPluginFolder(std::filesystem::path const& folder)
     ServiceCacheModelingPlugin::frameworkAccess_ = framework;
 }
 
-TEST(LogFile, HasItsLinesWithALineEndEachAndTheSecondForItsName)
+TEST(LogFile, HasItsLinesWithALineEndEachAndTheSecondForItsNameWhereItsFolderIsFound)
 {
     PlatformScope platform;
+    LogFileImpl().write("no framework", 0);
+    ServiceCacheModelingPlugin::frameworkAccess_ = KFR::make<test::FakeFrameworkAccess>();
+    LogFileImpl().write("no plug-in", 0);
     TemporaryFolder folder;
+    putPluginFolder(folder.path() / "missing");
+    LogFileImpl().write("no folder", 0);
     putPluginFolder(folder.path());
     std::time_t const before = std::time(nullptr);
     LogFileImpl log;
@@ -65,19 +67,7 @@ TEST(LogFile, HasItsLinesWithALineEndEachAndTheSecondForItsName)
     EXPECT_EQ(contentOf(file), "one\r\n\r\n100 %s \xC3\xA9\r\n");
 }
 
-TEST(LogFile, GoesNowhereWhenAStepToItsFolderIsMissing)
-{
-    PlatformScope platform;
-    LogFileImpl().write("no framework", 0);
-    ServiceCacheModelingPlugin::frameworkAccess_ = KFR::make<test::FakeFrameworkAccess>();
-    LogFileImpl().write("no plug-in", 0);
-    TemporaryFolder folder;
-    putPluginFolder(folder.path() / "missing");
-    LogFileImpl().write("no folder", 0);
-    EXPECT_TRUE(folder.files().empty());
-}
-
-TEST(Validation, NotesEachFailureInOneFileOfItsOwn)
+TEST(Validation, NotesEachFailureInOneFileAndCutsItAt511Characters)
 {
     EXPECT_HOLDS_IN_FRESH_PROCESS([] {
         PlatformScope platform;
@@ -86,31 +76,20 @@ TEST(Validation, NotesEachFailureInOneFileOfItsOwn)
         EXPECT_EQ(validation("spObject != NULLSP", "a/file", 12, "vrn::orlo::f"), 0);
         EXPECT_EQ(validation("100 %d", "", -1, ""), 0);
         ASSERT_EQ(folder.files().size(), 1u);
-        EXPECT_EQ(
-            contentOf(folder.files().front()),
-            "Validation failed with expression : spObject != NULLSP, at File : a/file, "
-            "Line : 12, in Function : vrn::orlo::f.\n\r\n"
-            "Validation failed with expression : 100 %d, at File : , Line : -1, in Function : "
-            ".\n\r\n");
-    });
-}
-
-TEST(Validation, CutsItsTextAt511Characters)
-{
-    EXPECT_HOLDS_IN_FRESH_PROCESS([] {
-        PlatformScope platform;
-        TemporaryFolder folder;
-        putPluginFolder(folder.path());
         std::string const start = "Validation failed with expression : ";
-        std::string const end = ", at File : f, Line : 1, in Function : g.\n";
-        std::string const fits(511 - start.size() - end.size(), 'x');
+        std::string const noted =
+            start + "spObject != NULLSP, at File : a/file, Line : 12, in Function : " +
+            "vrn::orlo::f.\n\r\n" + start + "100 %d, at File : , Line : -1, in Function : .\n\r\n";
+        EXPECT_EQ(contentOf(folder.files().front()), noted);
+
+        std::string const end = ", at File : f, Line : 1, in Function : g.";
+        std::string const fits(510 - start.size() - end.size(), 'x');
         validation(fits.c_str(), "f", 1, "g");
         validation((fits + 'y').c_str(), "f", 1, "g");
         validation(std::string(2000, 'z').c_str(), "f", 1, "g");
-        std::string const cutEnd = end.substr(0, end.size() - 1);
         EXPECT_EQ(contentOf(folder.files().at(0)),
-                  start + fits + end + "\r\n" + start + fits + "y" + cutEnd + "\r\n" + start +
-                      std::string(511 - start.size(), 'z') + "\r\n");
+                  noted + start + fits + end + "\n\r\n" + start + fits + "y" + end + "\r\n" +
+                      start + std::string(511 - start.size(), 'z') + "\r\n");
     });
 }
 
@@ -126,18 +105,7 @@ TEST(Validation, IsSilentWithoutAFolderForGood)
     });
 }
 
-TEST(CurrentModel, IsThatOfTheApplicationFramesSession)
-{
-    PlatformScope platform;
-    auto const session = KFR::make<test::FakeSession>();
-    session->currentModel = KFR::make<test::FakeModel>();
-    auto const persistence = KFR::make<test::FakePFW>();
-    persistence->session = session;
-    appfw::ServiceCacheAppFrame::PFW_ = persistence;
-    EXPECT_EQ(ServiceHelper::getCurrentModel().get(), session->currentModel.get());
-}
-
-TEST(CurrentModel, ThatIsMissingIsNotedAndThrown)
+TEST(CurrentModel, IsThatOfTheApplicationFrameAndItsLackNotedAndThrown)
 {
     EXPECT_HOLDS_IN_FRESH_PROCESS([] {
         PlatformScope platform;
@@ -169,20 +137,18 @@ TEST(CurrentModel, ThatIsMissingIsNotedAndThrown)
             "plugins/modelingplugin/utilities/servicehelper, Line : 463, in Function : "
             "vrn::orlo::plugin::modeling::ServiceHelper::getCurrentModel.\n\r\n";
         EXPECT_EQ(contentOf(folder.files().at(0)), line + line + line);
+        empty->session = session;
+        EXPECT_EQ(ServiceHelper::getCurrentModel().get(), session->currentModel.get());
     });
 }
 
 static_assert(!std::is_base_of_v<std::exception, UserException>);
 
-TEST(UserException, OfATextHasTheTextAsTheParameterOfItsResult)
+TEST(UserException, OfATextHasItAsTheParameterOfItsResultAndOfAnIdItsNumbers)
 {
-    UserException const failure(
-        "Stra\xC3\x9F"
-        "e");
-    EXPECT_EQ(failure.getTextStr(),
-              "Stra\xC3\x9F"
-              "e");
-    EXPECT_EQ(failure.getTextUStr(), u"Stra\u00DFe");
+    UserException const failure("\xC3\x9F");
+    EXPECT_EQ(failure.getTextStr(), "\xC3\x9F");
+    EXPECT_EQ(failure.getTextUStr(), u"\u00DF");
     KFRResult const result = failure.getKFRResult();
     EXPECT_EQ(result.getCode(), 0x7FFFFFFF);
     EXPECT_EQ(result.getMessageId(), 0);
@@ -191,18 +157,18 @@ TEST(UserException, OfATextHasTheTextAsTheParameterOfItsResult)
     std::string text;
     EXPECT_TRUE(params[0] >>= text);
     EXPECT_EQ(text, failure.getTextStr());
-}
 
-TEST(UserException, OfAnIdHasItForCodeAndMessage)
-{
-    KFRResult const ofId = UserException(1022).getKFRResult();
-    EXPECT_EQ(ofId.getCode(), 1022);
-    EXPECT_EQ(ofId.getMessageId(), 1022);
-    KFRResult const ofCode = UserException(5, 1022).getKFRResult();
-    EXPECT_EQ(ofCode.getCode(), 5);
-    EXPECT_EQ(ofCode.getMessageId(), 1022);
-    EXPECT_EQ(UserException(1022).getTextStr(), "");
-    EXPECT_EQ(UserException().getKFRResult().getCode(), KFR::notDone);
+    struct {
+        UserException failure;
+        int code, message;
+    } const rows[] = {{UserException(1022), 1022, 1022},
+                      {UserException(5, 1022), 5, 1022},
+                      {UserException(), KFR::notDone, 0}};
+    for (auto const& row : rows) {
+        EXPECT_EQ(row.failure.getKFRResult().getCode(), row.code);
+        EXPECT_EQ(row.failure.getKFRResult().getMessageId(), row.message);
+        EXPECT_EQ(row.failure.getTextStr(), "");
+    }
 }
 
 }  // namespace

@@ -16,16 +16,14 @@ static_assert(std::constructible_from<DegreeFreedom, BitDegreeFreedom>);
 static_assert(std::constructible_from<BitDegreeFreedom, DegreeFreedom>);
 static_assert(!std::convertible_to<BitDegreeFreedom, DegreeFreedom>);
 
-struct DigitRow {
-    char const* m_text;
-    int m_digits;
-    unsigned long long m_mask;
-};
-
 TEST(DegreeFreedom, IsAListOfDigitsAndTheOtherAMask)
 {
     // clang-format off
-    constexpr DigitRow kRows[] = {
+    constexpr struct {
+        char const* m_text;
+        int m_digits;
+        unsigned long long m_mask;
+    } kRows[] = {
         {"", 0, 0}, {"x7", 0, 0}, {"0789", 0, 0},
         {"135", 135, 42}, {"531", 135, 42}, {"1 3,5,1", 135, 42},
         {"1", 1, 32}, {"6", 6, 1}, {"-24", 24, 20}, {"123456", 123456, 63},
@@ -38,20 +36,6 @@ TEST(DegreeFreedom, IsAListOfDigitsAndTheOtherAMask)
         EXPECT_EQ(BitDegreeFreedom(freedom).toInt(), mask) << text;
         EXPECT_EQ(DegreeFreedom(BitDegreeFreedom(mask)).toInt(), digits) << text;
     }
-}
-
-TEST(DegreeFreedom, TakesItsDigitsFromNumbersOfEveryWidth)
-{
-    DegreeFreedom freedom(531);
-    EXPECT_EQ(static_cast<int>(freedom), 135);
-    freedom.set(-24);
-    EXPECT_EQ(freedom.toInt(), 24);
-    freedom.set(36L);
-    EXPECT_EQ(freedom.toInt(), 36);
-    freedom.set(6543216543210LL);
-    EXPECT_EQ(freedom.toInt(), 123456);
-    freedom.set(18446744073709551615ULL);
-    EXPECT_EQ(freedom.toInt(), 13456);
 }
 
 TEST(DegreeFreedom, OrdersItsFlags)
@@ -71,11 +55,18 @@ TEST(DegreeFreedom, OrdersItsFlags)
     EXPECT_TRUE(freedom.isClamped());
 }
 
-TEST(DegreeFreedom, SetsFlagByFlag)
+TEST(DegreeFreedom, IsSetByNumbersOfEveryWidthAndFlagByFlag)
 {
+    DegreeFreedom freedom(531);
+    EXPECT_EQ(static_cast<int>(freedom), 135);
+    freedom.set(36L);
+    EXPECT_EQ(freedom.toInt(), 36);
+    freedom.set(6543216543210LL);
+    EXPECT_EQ(freedom.toInt(), 123456);
+    freedom.set(18446744073709551615ULL);
+    EXPECT_EQ(freedom.toInt(), 13456);
     int const flags[6] = {0, 2, 0, 0, -1, 0};
     long long const wide[6] = {1LL << 40, 0, 0, 0, 0, 1};
-    DegreeFreedom freedom;
     freedom.set(flags);
     EXPECT_EQ(freedom.toInt(), 25);
     BitDegreeFreedom bits;

@@ -54,35 +54,6 @@ Spectrum spectrumOf(Array const& values, Array const& times = Array())
     return result;
 }
 
-TEST(ForwardFft, OfAConstantIsNTimesItAtZeroAndNothingElsewhere)
-{
-    auto const result = spectrumOf(Array(std::vector<double>(8, 2.5)));
-    EXPECT_THAT(elementsOf(result.m_magnitudes),
-                ElementsAre(20.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0));
-    EXPECT_EQ(result.m_phases[0], 0.0);
-}
-
-TEST(ForwardFft, OfAnImpulseIsFlat)
-{
-    auto const result = spectrumOf(Array(std::vector<double>{1.0, 0.0, 0.0, 0.0, 0.0}));
-    for (std::size_t k = 0; k < 5; ++k) {
-        EXPECT_NEAR(result.m_magnitudes[k], 1.0, 1e-15);
-        EXPECT_NEAR(result.m_phases[k], 0.0, 1e-15);
-    }
-}
-
-TEST(ForwardFft, OfASineAtABinIsHalfOfNThereWithAPhaseOfMinusAQuarterTurn)
-{
-    Array const values(std::size_t{16});
-    for (std::size_t i = 0; i < 16; ++i) {
-        values[i] = std::sin(2.0 * std::numbers::pi * 3.0 * static_cast<double>(i) / 16.0);
-    }
-    auto const result = spectrumOf(values);
-    EXPECT_NEAR(result.m_magnitudes[3], 8.0, 1e-13);
-    EXPECT_NEAR(result.m_phases[3], -std::numbers::pi / 2.0, 1e-13);
-    EXPECT_NEAR(result.m_magnitudes[2], 0.0, 1e-13);
-}
-
 TEST(ForwardFft, AgreesWithTheSumAndRepeatsTheLastComputedBin)
 {
     for (std::size_t const n : {1u, 2u, 3u, 7u, 8u, 13u, 60u, 97u, 128u}) {
@@ -91,6 +62,7 @@ TEST(ForwardFft, AgreesWithTheSumAndRepeatsTheLastComputedBin)
         auto const result = spectrumOf(values);
         ASSERT_EQ(result.m_magnitudes.size(), n);
         ASSERT_EQ(result.m_phases.size(), n);
+        EXPECT_THAT(result.m_frequencies, IsEmpty());  // left alone without times
         for (std::size_t k = 0; k <= n / 2 && k < n; ++k) {
             std::complex<double> sum = 0.0;
             for (std::size_t i = 0; i < n; ++i) {
@@ -111,15 +83,6 @@ TEST(ForwardFft, StepsTheFrequenciesByOneOverTheWholeLengthOfTime)
 {
     auto const result = spectrumOf(someSignal(5), evenTimes(5, 0.5));
     EXPECT_THAT(elementsOf(result.m_frequencies), ElementsAre(0.0, 0.5, 1.0, 1.5, 2.0));
-}
-
-TEST(ForwardFft, LeavesTheFrequenciesAloneWithoutTimes)
-{
-    Array frequencies(std::vector<double>{7.0});
-    Array magnitudes;
-    Array phases;
-    EXPECT_TRUE(FFTHelper::forwardFFT1(Array(), someSignal(4), frequencies, magnitudes, phases));
-    EXPECT_THAT(elementsOf(frequencies), ElementsAre(7.0));
 }
 
 TEST(ForwardFft, WithEqualEndTimesGivesInfiniteFrequencies)

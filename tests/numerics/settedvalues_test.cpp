@@ -6,7 +6,6 @@
 namespace vrn::orlo::plugin::modeling {
 namespace {
 
-using KFR::Util::Units::PairSample;
 using KFR::Util::Units::SettedDynamicValue;
 using KFR::Util::Units::SettedFloatValue;
 using KFR::Util::Units::TripleSample;
@@ -96,15 +95,13 @@ TEST(SettedDynamicValueWraper, BothSettersMakeATransferFunction)
     EXPECT_FALSE(Dynamic(true, false).getSDV().m_isTransfer);
 }
 
-struct DirectionRow {
-    SettedDynamicValue m_value;
-    double m_direction;
-};
-
 TEST(SettedDynamicValueWraper, DirectionGoesByTheSamplesThatThereAre)
 {
     // clang-format off
-    DirectionRow const rows[] = {
+    struct {
+        SettedDynamicValue m_value;
+        double m_direction;
+    } const rows[] = {
         {{true,  {},                      {},                 true,  1.0, {}, {}},  0.0},
         {{false, {{0, 1, 0}},             {},                 true,  1.0, {}, {}},  0.0},
         {{true,  {{0, -1, 0}, {0, 1, 0}}, {},                 true,  1.0, {}, {}},  1.0},

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -24,24 +23,13 @@ using ::testing::IsEmpty;
 
 constexpr char const* kUnitsService = "vrn.orlo.appfw.Units";
 
-std::vector<std::string> namesOf(SystemUnit units)
+std::vector<std::string> namesOf(SystemUnit units, bool labels = false)
 {
     KFRSequence<icu::UnicodeString> names{u"left over"};
-    units.getUnitSystemNames(names);
+    labels ? units.getUnitSystemLabels(names) : units.getUnitSystemNames(names);
     std::vector<std::string> texts;
     for (icu::UnicodeString const& name : std::as_const(names)) {
         texts.push_back(utf8(name));
-    }
-    return texts;
-}
-
-std::vector<std::string> labelsOf(SystemUnit units)
-{
-    KFRSequence<icu::UnicodeString> labels{u"left over"};
-    units.getUnitSystemLabels(labels);
-    std::vector<std::string> texts;
-    for (icu::UnicodeString const& label : std::as_const(labels)) {
-        texts.push_back(utf8(label));
     }
     return texts;
 }
@@ -64,31 +52,20 @@ TEST_F(SystemUnitTest, ListsInTheServicesOrderWhatIsSurelyCounted)
     units->m_uncounted.insert(u"no");
     use(units);
     EXPECT_THAT(namesOf(SystemUnit(SystemUnit::standardUnits)), ElementsAre("z", "a"));
-    EXPECT_THAT(labelsOf(SystemUnit(SystemUnit::standardUnits)), ElementsAre("1", "4"));
+    EXPECT_THAT(namesOf(SystemUnit(SystemUnit::standardUnits), true), ElementsAre("1", "4"));
 }
 
 TEST_F(SystemUnitTest, HidesSixSystemsFromTheMNFListOnly)
 {
-    use(makeUnits({{u"SI_cm", u""},
-                   {u"SI_cm_ms", u""},
-                   {u"SI_cm_us", u""},
-                   {u"SI_mm_ms", u""},
-                   {u"CGS_us", u""},
-                   {u"CGS_mm", u""},
-                   {u"KgForce_mm", u""},
-                   {u"CGS_ms", u""},
-                   {u"si_cm", u""}}));
+    auto const units = makeUnits({});
+    for (char16_t const* const name : {u"SI_cm", u"SI_cm_ms", u"SI_cm_us", u"SI_mm_ms", u"CGS_us",
+                                       u"CGS_mm", u"KgForce_mm", u"CGS_ms", u"si_cm"}) {
+        units->m_systems.append(FakeUnits::Info{name, u""});
+    }
+    use(units);
     EXPECT_EQ(namesOf(SystemUnit(SystemUnit::standardUnits)).size(), 9U);
     EXPECT_THAT(namesOf(SystemUnit(SystemUnit::mnfUnits)),
                 ElementsAre("SI_mm_ms", "CGS_mm", "si_cm"));
-}
-
-TEST_F(SystemUnitTest, IsEmptyWhenTheListFails)
-{
-    auto const units = makeUnits({{u"SI", u"m-kg-s-N"}});
-    units->m_listResult = 5;
-    use(units);
-    EXPECT_THAT(namesOf(SystemUnit(SystemUnit::standardUnits)), IsEmpty());
 }
 
 TEST(SystemUnitLists, AreBuiltOnceEach)
@@ -122,6 +99,8 @@ TEST_F(SystemUnitTest, LooksDataUpByPlaceAndGivesTheServicesOutcome)
     units->m_uncounted.insert(u"no");
     use(units);
     SystemUnit list(SystemUnit::standardUnits);
+    units->m_listResult = 5;
+    EXPECT_THAT(namesOf(SystemUnit(SystemUnit::standardUnits)), IsEmpty());
     UnitSystemData data;
     EXPECT_EQ(list.getUnitSystemDataByLocalID(0, data).getCode(), 22);
     EXPECT_EQ(utf8(data.m_name), "yes");
@@ -135,38 +114,28 @@ TEST_F(SystemUnitTest, LooksDataUpByPlaceAndGivesTheServicesOutcome)
     EXPECT_EQ(data, kept);
 }
 
-struct LengthCase {
-    char const* name;
-    unsigned short unit;
-    bool isMetre;
-    char const* baseSystem;
-};
-
-void PrintTo(LengthCase const& row, std::ostream* out)
+TEST_F(SystemUnitTest, TakesItsBaseSystemByTheCurrentLength)
 {
-    *out << row.name;
-}
-
-class CurrentLength : public SystemUnitTest, public ::testing::WithParamInterface<LengthCase> {};
-
-TEST_P(CurrentLength, DecidesTheBaseSystem)
-{
+    struct {
+        char const* name;
+        unsigned short unit;
+        bool isMetre;
+        char const* baseSystem;
+    } const rows[] = {{"Metre", 1, true, "SI"},
+                      {"Millimetre", 3, false, "SI_mm"},
+                      {"Centimetre", 2, false, "SI"}};
     auto const units = makeUnits({});
-    units->m_currentUnits = {{1, GetParam().unit}, {2, 1}};
     use(units);
-    EXPECT_EQ(SystemUnit::lengthUnit(), GetParam().unit);
-    EXPECT_EQ(SystemUnit::isUseMeter(), GetParam().isMetre);
-    UnitSystemData data;
-    SystemUnit::getBaseUnitSystem(data);
-    EXPECT_EQ(utf8(data.m_name), GetParam().baseSystem);
+    for (auto const& [name, unit, isMetre, baseSystem] : rows) {
+        SCOPED_TRACE(name);
+        units->m_currentUnits = {{1, unit}, {2, 1}};
+        EXPECT_EQ(SystemUnit::lengthUnit(), unit);
+        EXPECT_EQ(SystemUnit::isUseMeter(), isMetre);
+        UnitSystemData data;
+        SystemUnit::getBaseUnitSystem(data);
+        EXPECT_EQ(utf8(data.m_name), baseSystem);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Units, CurrentLength,
-                         ::testing::Values(LengthCase{"Metre", 1, true, "SI"},
-                                           LengthCase{"Millimetre", 3, false, "SI_mm"},
-                                           LengthCase{"Centimetre", 2, false, "SI"},
-                                           LengthCase{"Inch", 6, false, "SI"}),
-                         [](auto const& row) { return std::string(row.param.name); });
 
 TEST_F(SystemUnitTest, ConvertsToTheCurrentUnitAndPassesTheHeadOn)
 {

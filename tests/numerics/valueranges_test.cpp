@@ -10,16 +10,6 @@ namespace {
 
 using KFR::Util::Units::FloatValue;
 
-struct ValueRangeRow {
-    char const* m_name;
-    FloatValueRange m_range;
-    int m_lowKind;
-    double m_low;
-    int m_highKind;
-    double m_high;
-    std::uint32_t m_head;
-};
-
 std::uint32_t headOf(FloatValue const& value)
 {
     std::uint32_t head = 0;
@@ -32,7 +22,15 @@ std::uint32_t headOf(FloatValue const& value)
 TEST(ValueRanges, HaveTheirBoundsAndUnits)
 {
     // clang-format off
-    ValueRangeRow const rows[] = {
+    struct {
+        char const* m_name;
+        FloatValueRange m_range;
+        int m_lowKind;
+        double m_low;
+        int m_highKind;
+        double m_high;
+        std::uint32_t m_head;
+    } const rows[] = {
         {ROW(getBehaviorMomentRange),             2,   0.0, 0, 0.0, 0x60000},
         {ROW(getBehaviorThicknessRange),          2,   0.0, 0, 0.0, 0x60000},
         {ROW(getMaterialDampingCoefficientRange), 1,   0.0, 0, 0.0, 0x60000},
@@ -51,7 +49,7 @@ TEST(ValueRanges, HaveTheirBoundsAndUnits)
         {ROW(getSolverMemoryRange),               1, 200.0, 0, 0.0, 0x603C2},
     };
     // clang-format on
-    for (ValueRangeRow const& row : rows) {
+    for (auto const& row : rows) {
         FloatValue low;
         FloatValue high;
         EXPECT_EQ(row.m_range.getLowBound(low), row.m_lowKind) << row.m_name;

@@ -7,13 +7,13 @@
 
 #include <cmath>
 #include <numbers>
-#include <ostream>
-#include <string>
 
 namespace vrn::orlo::plugin::modeling {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
+static_assert(kAntiParallelTolerance == 0.00017453292519943296);
+static_assert(kSingularPivot == static_cast<double>(1e-4F));
 X3DVector const kX(1.0, 0.0, 0.0);
 X3DVector const kY(0.0, 1.0, 0.0);
 X3DVector const kZ(0.0, 0.0, 1.0);
@@ -25,46 +25,30 @@ void expectNear(X3DSPoint const& actual, X3DSPoint const& expected, double toler
         << actual.x << ' ' << actual.y << ' ' << actual.z;
 }
 
-TEST(Tolerances, OfTheTwoLayersStayApart)
-{
-    static_assert(kVectorTolerance == 1e-6);
-    static_assert(kPluginTolerance == 5e-9);
-    static_assert(kAntiParallelTolerance == 0.00017453292519943296);
-    static_assert(kSingularPivot == 9.999999747378752e-5);
-    EXPECT_EQ(kSingularPivot, static_cast<double>(1e-4F));
-}
-
-struct VectorCase {
+// clang-format off
+struct {
     char const* name;
     X3DVector vector;
     int valid;
     bool hasUnit;
-};
-
-void PrintTo(VectorCase const& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class SmallVector : public ::testing::TestWithParam<VectorCase> {};
-
-TEST_P(SmallVector, IsJudgedByComponentsAndByLengthApart)
-{
-    EXPECT_EQ(GetParam().vector.isValid(), GetParam().valid);
-    double const length = GetParam().vector.unit().mod();
-    EXPECT_NEAR(length, GetParam().hasUnit ? 1.0 : 0.0, 1e-15);
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(X3DVector, SmallVector, ::testing::Values(
-    VectorCase{"Tiny",            {1e-7, 0.0, 0.0},    0, false},
-    VectorCase{"Small",           {1e-5, 0.0, 0.0},    1, true},
-    VectorCase{"AtTheTolerance",  {1e-6, 0.0, 0.0},    1, false},
-    VectorCase{"NegativeAtIt",    {0.0, -1e-6, 0.0},   1, false},
-    VectorCase{"LongByThree",     {9e-7, 9e-7, 9e-7},  0, true},
-    VectorCase{"Zero",            {0.0, 0.0, 0.0},     0, false}),
-    [](auto const& row) { return std::string(row.param.name); });
+} const kSmallVectorRows[] = {
+    {"Tiny",            {1e-7, 0.0, 0.0},    0, false},
+    {"Small",           {1e-5, 0.0, 0.0},    1, true},
+    {"AtTheTolerance",  {1e-6, 0.0, 0.0},    1, false},
+    {"NegativeAtIt",    {0.0, -1e-6, 0.0},   1, false},
+    {"LongByThree",     {9e-7, 9e-7, 9e-7},  0, true},
+    {"Zero",            {0.0, 0.0, 0.0},     0, false}};
 // clang-format on
+
+TEST(SmallVector, IsJudgedByComponentsAndByLengthApart)
+{
+    for (auto const& row : kSmallVectorRows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.vector.isValid(), row.valid);
+        double const length = row.vector.unit().mod();
+        EXPECT_NEAR(length, row.hasUnit ? 1.0 : 0.0, 1e-15);
+    }
+}
 
 TEST(X3DVector, UnsignedAngleIsZeroForNothingAndClamped)
 {
@@ -86,19 +70,15 @@ TEST(X3DVector, SignedAngleLooksAtTheCrossProductAsItIs)
     EXPECT_EQ(kX.angle(kY, kZero), 0.0);
 }
 
-TEST(X3DSLine, OfTwoPointsAndOfAPointAndADirectionDiffer)
+TEST(X3DSLine, OfTwoPointsAndOfAPointAndADirectionDifferAndMeetInDegrees)
 {
     X3DSPoint const p(1.0, 0.0, 0.0);
     EXPECT_EQ(X3DSLine(p, X3DSPoint(1.0, 2.0, 0.0)).direction(), kY);
     EXPECT_EQ(X3DSLine(p, X3DVector(5.0, 0.0, 0.0)).direction(), kX);
     EXPECT_EQ(X3DSLine(p, p).direction(), kZero);
     EXPECT_TRUE(std::isnan(X3DSLine(p, p).distance(X3DSPoint())));
-}
-
-TEST(X3DSLine, AngleIsAcuteAndInDegrees)
-{
-    X3DSLine const x(X3DSPoint(), kX);
-    EXPECT_NEAR(x.angle(X3DSLine(X3DSPoint(), X3DVector(-1.0, 1.0, 0.0))), 45.0, 1e-12);
+    X3DSLine const x(p, kX);
+    EXPECT_NEAR(x.angle(X3DSLine(p, X3DVector(-1.0, 1.0, 0.0))), 45.0, 1e-12);  // acute
     EXPECT_TRUE(std::isnan(x.angle(X3DSLine())));
 }
 
@@ -150,41 +130,34 @@ TEST(X3DSPlane, DistanceIsUnsignedAndKeepsTheFootOfAPlaneWithoutANormal)
     EXPECT_DOUBLE_EQ(X3DSPlane().distance(X3DSPoint(2.0, 3.0, 0.0), foot), 0.0);
 }
 
-struct PlanePair {
+// clang-format off
+struct {
     char const* name;
     X3DSPlane first;
     X3DSPlane second;
-};
-
-void PrintTo(PlanePair const& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class CrossingPlanes : public ::testing::TestWithParam<PlanePair> {};
-
-TEST_P(CrossingPlanes, ShareALineThatLiesInBoth)
-{
-    auto const& [name, first, second] = GetParam();
-    X3DSLine line;
-    ASSERT_EQ(first.intersection(second, line), 0);
-    for (double const t : {-3.0, 0.0, 10.0}) {
-        X3DSPoint foot;
-        EXPECT_NEAR(first.distance(line.at(t), foot), 0.0, 1e-12);
-        EXPECT_NEAR(second.distance(line.at(t), foot), 0.0, 1e-12);
-    }
-    X3DVector const cross = first.normal().unit().crossProduct(second.normal().unit()).unit();
-    EXPECT_NEAR(line.direction().dotProduct(cross), 1.0, 1e-12);
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(X3DSPlane, CrossingPlanes, ::testing::Values(
-    PlanePair{"BothMissTheOrigin",   {kZ, {0.0, 0.0, 2.0}},  {kX, {3.0, 0.0, 0.0}}},
-    PlanePair{"OnlyTheFirstMisses",  {kZ, {0.0, 0.0, 2.0}},  {kX, {}}},
-    PlanePair{"OnlyTheSecondMisses", {{1.0, 1.0, 0.0}, {}},  {kX, {3.0, 0.0, 0.0}}},
-    PlanePair{"BothThroughIt",       {kZ, {}},               {{1.0, 0.0, 1.0}, {}}}),
-    [](auto const& row) { return std::string(row.param.name); });
+} const kCrossingPlanesRows[] = {
+    {"BothMissTheOrigin",   {kZ, {0.0, 0.0, 2.0}},  {kX, {3.0, 0.0, 0.0}}},
+    {"OnlyTheFirstMisses",  {kZ, {0.0, 0.0, 2.0}},  {kX, {}}},
+    {"OnlyTheSecondMisses", {{1.0, 1.0, 0.0}, {}},  {kX, {3.0, 0.0, 0.0}}},
+    {"BothThroughIt",       {kZ, {}},               {{1.0, 0.0, 1.0}, {}}}};
 // clang-format on
+
+TEST(CrossingPlanes, ShareALineThatLiesInBoth)
+{
+    for (auto const& row : kCrossingPlanesRows) {
+        SCOPED_TRACE(row.name);
+        auto const& [name, first, second] = row;
+        X3DSLine line;
+        ASSERT_EQ(first.intersection(second, line), 0);
+        for (double const t : {-3.0, 0.0, 10.0}) {
+            X3DSPoint foot;
+            EXPECT_NEAR(first.distance(line.at(t), foot), 0.0, 1e-12);
+            EXPECT_NEAR(second.distance(line.at(t), foot), 0.0, 1e-12);
+        }
+        X3DVector const cross = first.normal().unit().crossProduct(second.normal().unit()).unit();
+        EXPECT_NEAR(line.direction().dotProduct(cross), 1.0, 1e-12);
+    }
+}
 
 TEST(X3DSPlane, RefusesWhatIsParallelCollinearOrTooSmall)
 {
@@ -193,6 +166,11 @@ TEST(X3DSPlane, RefusesWhatIsParallelCollinearOrTooSmall)
     EXPECT_EQ(X3DSPlane(kZ, {}).intersection(X3DSPlane(kZ, X3DSPoint(0.0, 0.0, 1.0)), line), -1);
     EXPECT_EQ(X3DSPlane(kZ, {}).projection(X3DSLine(X3DSPoint(), kZ), line), -1);
     EXPECT_EQ(line, kept);
+    ASSERT_EQ(X3DSPlane(kZ, {}).projection(
+                  X3DSLine(X3DSPoint(1.0, 2.0, 3.0), X3DVector(1.0, 0.0, 1.0)), line),
+              0);
+    expectNear(line.origin(), X3DSPoint(1.0, 2.0, 0.0));
+    EXPECT_NEAR(line.direction().dotProduct(kX), 1.0, 1e-15);
     X3DSPlane plane(kX, X3DSPoint(4.0, 0.0, 0.0));
     X3DSPlane const before = plane;
     EXPECT_EQ(X3DSPlane::from3Points(plane, {}, {1.0, 0.0, 0.0}, {2.0, 0.0, 0.0}), -1);
@@ -201,16 +179,6 @@ TEST(X3DSPlane, RefusesWhatIsParallelCollinearOrTooSmall)
     EXPECT_EQ(X3DSPlane::from3Points(plane, {0.0, 0.0, 1.0}, {2.0, 0.0, 1.0}, {0.0, 3.0, 1.0}), 0);
     EXPECT_EQ(plane.normal(), X3DVector(0.0, 0.0, 6.0));
     EXPECT_EQ(plane.d, -6.0);
-}
-
-TEST(X3DSPlane, ProjectsALineFootByFoot)
-{
-    X3DSLine out;
-    ASSERT_EQ(X3DSPlane(kZ, {}).projection(
-                  X3DSLine(X3DSPoint(1.0, 2.0, 3.0), X3DVector(1.0, 0.0, 1.0)), out),
-              0);
-    expectNear(out.origin(), X3DSPoint(1.0, 2.0, 0.0));
-    EXPECT_NEAR(out.direction().dotProduct(kX), 1.0, 1e-15);
 }
 
 }  // namespace

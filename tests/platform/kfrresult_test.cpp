@@ -21,16 +21,10 @@ TEST(KFRResult, IsNotDoneUntilSomebodySaysOtherwise)
     EXPECT_FALSE(KFRResult(1).isOk());
 }
 
-TEST(KFRResult, WithoutABlockHasNoMessage)
+TEST(KFRResult, KeepsDomainAndMessageIdOrHasNeither)
 {
-    KFRResult const result(5);
-    EXPECT_EQ(result.getDomain(), -1);
-    EXPECT_EQ(result.getMessageId(), 0);
-    EXPECT_THAT(result.getParams(), IsEmpty());
-}
-
-TEST(KFRResult, KeepsDomainAndMessageId)
-{
+    EXPECT_EQ(KFRResult(5).getDomain(), -1);
+    EXPECT_EQ(KFRResult(5).getMessageId(), 0);
     KFRResult const result(5, 12, 34);
     EXPECT_EQ(result.getCode(), 5);
     EXPECT_EQ(result.getDomain(), 12);
@@ -66,14 +60,9 @@ TEST(KFRResult, CopiesShareTheirBlock)
     EXPECT_EQ(first.getParams().size(), 1U);
     EXPECT_EQ(third.getParams().size(), 1U);
     EXPECT_THAT(before, IsEmpty());  // what was handed out stays
-}
-
-TEST(KFRResult, CopiesWithoutABlockPartAtTheFirstParameter)
-{
-    KFRResult first(5);
-    KFRResult second(first);
-    second.addParam(1);
-    EXPECT_THAT(first.getParams(), IsEmpty());
+    KFRResult const bare(5);
+    KFRResult(bare).addParam(1);  // without a block the copies part
+    EXPECT_THAT(bare.getParams(), IsEmpty());
 }
 
 TEST(KFRResult, MovedFromIsNotDoneAndWithoutABlock)

@@ -1,36 +1,31 @@
 #include "platform/kfr/kfruuid.h"
 
-#include "platform/appfw/appfw.h"
 #include "platform/caedata/caedata.h"
-#include "platform/gsc/geometryserver.h"
 #include "platform/kfr/kfrconfiguration.h"
 #include "platform/kfr/kfreventmanager.h"
 #include "platform/kfr/kfrframework.h"
 #include "platform/kfr/kfrkernelaccess.h"
 #include "platform/kfr/kfrserviceobject.h"
 #include "platform/registry/typeregistry.h"
-#include "platform/sysutils/sysutils.h"
-#include "platform/units/units.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <set>
-#include <string>
 
 namespace KFR {
 namespace {
 
 template <class... Is>
-std::map<std::string, KFRUUID> namesOf()
+void expectToDiffer()
 {
-    return {{Is::kfrTypeName(), Is::kfrInterfaceId()}...};
+    EXPECT_EQ((std::set<unsigned long long>{Is::kfrInterfaceId().high...}).size(), sizeof...(Is));
+    EXPECT_EQ((std::set<unsigned long long>{Is::kfrInterfaceId().low...}).size(), sizeof...(Is));
 }
 
-std::map<std::string, KFRUUID> namesOfThePlatform()
+TEST(KFRUUID, DiffersFromInterfaceToInterface)
 {
     using namespace Framework;
-    return namesOf<KFRIServiceInterface, KFRIServiceProviderInterface,
+    expectToDiffer<KFRIServiceInterface, KFRIServiceProviderInterface,
                    KFRIServicePublisherInterface, KFRIServiceFactoryInterface, KFRIServiceAccess,
                    KFRIServiceInfoInterface, Scripting::KFRITypeProviderInterface,
                    KFRIWeakReferenceInterface, KFRIWeakReferenceSupportInterface,
@@ -40,21 +35,6 @@ std::map<std::string, KFRUUID> namesOfThePlatform()
                    CAE::IModelInterface, CAE::IPartInterface, CAE::IPFWInterface,
                    CAE::IPersistenceSessionInterface, CAE::IEntityReferenceListFactoryInterface,
                    Services::TypeRegistry::ITypeRegistryInterface>();
-}
-
-TEST(KFRUUID, DiffersFromInterfaceToInterface)
-{
-    auto const names = namesOfThePlatform();
-    EXPECT_EQ(names.size(), 22U);
-    std::set<KFRUUID> ids;
-    std::set<unsigned long long> highWords;
-    std::set<unsigned long long> lowWords;
-    for (auto const& [name, id] : names) {
-        EXPECT_TRUE(ids.insert(id).second) << name;
-        EXPECT_TRUE(highWords.insert(id.high).second) << name;
-        EXPECT_TRUE(lowWords.insert(id.low).second) << name;
-        EXPECT_NE(id.high, id.low) << name;
-    }
 }
 
 TEST(KFRUUID, OfANameDependsOnEveryCharacter)

@@ -7,15 +7,13 @@
 
 namespace {
 
-struct TextRow {
-    double m_value;
-    char const* m_text;
-};
-
 TEST(NumberText, IsTheShortestThatReadsBack)
 {
     // clang-format off
-    constexpr TextRow kRows[] = {
+    constexpr struct {
+        double m_value;
+        char const* m_text;
+    } kRows[] = {
         {0.0, "0"}, {-0.0, "-0"}, {0.5, "0.5"}, {200.0, "200"}, {-1.25, "-1.25"},
         {1e-9, "1e-09"}, {0.1 + 0.2, "0.30000000000000004"}, {1e22, "1e+22"},
         {1.7976931348623157e308, "1.7976931348623157e+308"},

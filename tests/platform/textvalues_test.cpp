@@ -8,14 +8,13 @@ namespace {
 
 TEST(TextValues, AreReadAsTruthAndAsNumber)
 {
-    struct Row {
+    constexpr std::optional<bool> kNone;
+    // clang-format off
+    constexpr struct {
         char const* text;
         std::optional<bool> truth;
         float number;
-    };
-    constexpr std::optional<bool> kNone;
-    // clang-format off
-    constexpr Row kRows[] = {
+    } kRows[] = {
         {"true", true, 0}, {"TRUE", true, 0}, {"Yes", true, 0}, {"oN", true, 0}, {"1", true, 1},
         {"false", false, 0}, {"No", false, 0}, {"OFF", false, 0}, {"0", false, 0},
         {"", kNone, 0}, {"true ", kNone, 0}, {"tru", kNone, 0}, {"2", kNone, 2}, {"01", kNone, 1},

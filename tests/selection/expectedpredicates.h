@@ -6,7 +6,6 @@
 #include "plugins/modelingplugin/utilities/selection/selectfilter.h"
 
 #include <functional>
-#include <ostream>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -32,11 +31,6 @@ struct ExpectedPredicate {
         return ofReference ? ofReference({.service = {}, .typeId = typeId}) : ofId(typeId);
     }
 };
-
-inline void PrintTo(ExpectedPredicate const& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 /// A row, with the forms of the predicate checked at compile time: the gaps are promised.
 template <Forms forms, class Ask>

@@ -31,20 +31,10 @@ CAE::EntityReference referenceOf(unsigned int typeId)
     return {.service = {}, .typeId = typeId};
 }
 
-TEST(FilterTable, SpellsEveryNameOfThePlatform)
-{
-    // Guards the list that the other tests loop over.
-    EXPECT_GE(candidateNames().size(), 170u);
-    for (auto const& row : kExpectedKinds) {
-        for (std::string const& name : row.names) {
-            EXPECT_EQ(candidateNames().count(name), 1u) << name;
-        }
-    }
-}
-
 TEST(FilterTable, HoldsExactlyTheTypesOfEachKind)
 {
     SelectionScope platform;
+    EXPECT_GE(candidateNames().size(), 170u);  // or the loops below were over too little
     for (auto const& row : kExpectedKinds) {
         SCOPED_TRACE(row.number);
         EXPECT_EQ(row.kind, row.number);

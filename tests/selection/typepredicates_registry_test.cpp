@@ -16,25 +16,8 @@ namespace {
 using test::expectedPredicates;
 using test::Goes;
 using test::PlatformScope;
-using test::RegistryCalls;
 using test::SelectionScope;
 using test::unicode;
-
-TEST(NamePredicates, AskTheRegistryAtTheFirstUseOfAnIdOnly)
-{
-    SelectionScope platform;
-    for (auto const& row : expectedPredicates()) {
-        SCOPED_TRACE(row.name);
-        static_cast<void>(SelectFilter::instance());
-        unsigned int const id = platform.idOf(row.accepted.back());
-        EntityTypeID::unRegister();
-        platform.registry().takeCalls();
-        EXPECT_TRUE(row.accepts(id));
-        EXPECT_TRUE(row.accepts(id));
-        EXPECT_EQ(platform.registry().takeCalls(),
-                  (RegistryCalls{.typeName = row.goes == Goes::byName ? 1 : 0}));
-    }
-}
 
 TEST(NamePredicates, AreFalseWithoutARegistryAndForgetThatTheyWere)
 {

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,18 +15,8 @@ namespace vrn::orlo::plugin::modeling {
 namespace {
 
 using test::candidateNames;
-using test::ExpectedPredicate;
 using test::SelectionScope;
 using ::testing::UnorderedElementsAreArray;
-
-/// The rows whose predicate has a form.
-template <class Form>
-std::vector<ExpectedPredicate> rowsWith(Form form)
-{
-    std::vector<ExpectedPredicate> rows = test::expectedPredicates();
-    std::erase_if(rows, [form](ExpectedPredicate const& row) { return !(row.*form); });
-    return rows;
-}
 
 /// What of all names makes `accepts` true.
 template <class Accepts>
@@ -39,39 +31,31 @@ std::vector<std::string> acceptedNames(SelectionScope& platform, Accepts accepts
     return names;
 }
 
-class PredicateOfAReference : public ::testing::TestWithParam<ExpectedPredicate> {};
-class PredicateOfAnId : public ::testing::TestWithParam<ExpectedPredicate> {};
-
-TEST_P(PredicateOfAReference, AcceptsExactlyItsNamesAndReadsTheTypeAlone)
+TEST(TypePredicates, AcceptExactlyTheirNamesAndReadTheTypeAlone)
 {
     SelectionScope platform;
-    auto const& row = GetParam();
-    unsigned int const decoy = platform.idOf(row.accepted.front());
     auto const owner = KFR::make<test::Stranger>();
-    EXPECT_THAT(acceptedNames(platform,
-                              [&](unsigned int typeId) {
-                                  return row.ofReference({owner, typeId, decoy, decoy});
-                              }),
-                UnorderedElementsAreArray(row.accepted));
-    EXPECT_FALSE(row.ofReference({}));
-    EXPECT_FALSE(row.ofReference({.service = {}, .typeId = 0xFFFFFFFFu}));
+    for (auto const& row : test::expectedPredicates()) {
+        SCOPED_TRACE(row.name);
+        unsigned int const decoy = platform.idOf(row.accepted.front());
+        auto const ofReference = [&](unsigned int typeId) {
+            return row.ofReference({owner, typeId, decoy, decoy});
+        };
+        std::vector<std::function<bool(unsigned int)>> forms;
+        if (row.ofReference) {
+            forms.emplace_back(ofReference);
+            EXPECT_FALSE(row.ofReference({}));
+        }
+        if (row.ofId) {
+            forms.push_back(row.ofId);
+        }
+        for (auto const& accepts : forms) {
+            EXPECT_THAT(acceptedNames(platform, accepts), UnorderedElementsAreArray(row.accepted));
+            EXPECT_FALSE(accepts(0));
+            EXPECT_FALSE(accepts(0xFFFFFFFFu));
+        }
+    }
 }
-
-TEST_P(PredicateOfAnId, AcceptsExactlyItsNames)
-{
-    SelectionScope platform;
-    auto const& row = GetParam();
-    EXPECT_THAT(acceptedNames(platform, row.ofId), UnorderedElementsAreArray(row.accepted));
-    EXPECT_FALSE(row.ofId(0));
-    EXPECT_FALSE(row.ofId(0xFFFFFFFFu));
-}
-
-INSTANTIATE_TEST_SUITE_P(SelectFilter, PredicateOfAReference,
-                         ::testing::ValuesIn(rowsWith(&ExpectedPredicate::ofReference)),
-                         [](auto const& row) { return row.param.name; });
-INSTANTIATE_TEST_SUITE_P(SelectFilter, PredicateOfAnId,
-                         ::testing::ValuesIn(rowsWith(&ExpectedPredicate::ofId)),
-                         [](auto const& row) { return row.param.name; });
 
 TEST(TypePredicates, AreAllExpectedHere)
 {
@@ -91,13 +75,11 @@ TEST(IsConstraint, OfANameComparesItAsItStandsAndAsksNobody)
     SelectionScope platform;
     platform.removeRegistry();
     platform.services().takeLookUps();
-    std::vector<std::string> found;
-    for (std::string const& name : candidateNames()) {
-        if (SelectFilter::isConstraint(test::unicode(name))) {
-            found.push_back(name);
-        }
-    }
-    EXPECT_EQ(found.size(), 6u);
+    auto const& names = candidateNames();
+    EXPECT_EQ(std::count_if(
+                  names.begin(), names.end(),
+                  [](auto const& name) { return SelectFilter::isConstraint(test::unicode(name)); }),
+              6);
     EXPECT_TRUE(SelectFilter::isConstraint(u"Simulation.Modeling.DisplacementConstraint.Pinned"));
     EXPECT_FALSE(SelectFilter::isConstraint(u"Simulation.Modeling.DisplacementConstraint.pinned"));
     EXPECT_FALSE(SelectFilter::isConstraint(u".Pinned"));

@@ -1,10 +1,8 @@
 #include "host/kernel/serviceparameters.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <map>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,33 +11,14 @@ namespace {
 
 using Values = std::map<std::string, std::string>;
 
-struct ParameterCase {
+// clang-format off
+struct {
     char const* name;
     char const* text;
     bool isWellFormed;
     std::vector<std::string> tables;
     Values values;
-};
-
-void PrintTo(ParameterCase const& row, std::ostream* out)
-{
-    *out << row.name << ": \"" << row.text << '"';
-}
-
-class ServiceParametersOf : public ::testing::TestWithParam<ParameterCase> {};
-
-TEST_P(ServiceParametersOf, ATextAreItsTablesAndValues)
-{
-    auto const parsed = ServiceParameters::parse(GetParam().text);
-    ASSERT_EQ(parsed.has_value(), GetParam().isWellFormed);
-    if (parsed) {
-        EXPECT_EQ(parsed->m_tables, GetParam().tables);
-        EXPECT_EQ(parsed->m_values, GetParam().values);
-    }
-}
-
-// clang-format off
-ParameterCase const kParameterCases[] = {
+} const kParameterCases[] = {
     // name                     text                          well   tables      values
     {"Empty",                   "",                           true,  {},         {}},
     {"ShortTable",              "#=T",                        true,  {"T"},      {}},
@@ -60,9 +39,18 @@ ParameterCase const kParameterCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(ServiceParameters, ServiceParametersOf,
-                         ::testing::ValuesIn(kParameterCases),
-                         [](auto const& row) { return std::string(row.param.name); });
+TEST(ServiceParametersOf, ATextAreItsTablesAndValues)
+{
+    for (auto const& row : kParameterCases) {
+        SCOPED_TRACE(row.name);
+        auto const parsed = ServiceParameters::parse(row.text);
+        ASSERT_EQ(parsed.has_value(), row.isWellFormed);
+        if (parsed) {
+            EXPECT_EQ(parsed->m_tables, row.tables);
+            EXPECT_EQ(parsed->m_values, row.values);
+        }
+    }
+}
 
 }  // namespace
 }  // namespace vrn::orlo::host::kernel

@@ -1,3 +1,4 @@
+#include "host/kernel/eventmanager.h"
 #include "host/shell/applicationaccess.h"
 #include "host/shell/messagecatalog.h"
 #include "host/shell/messagedisplay.h"
@@ -22,16 +23,15 @@ using ::testing::Pair;
 
 TEST(MessageDisplay, SaysOneLineInTheWordsThatAreClosestToTheMessage)
 {
-    struct Case {
-        KFRResult message;
-        Severity severity;
-        char const* line;
-    };
     auto const result = [](int code, int id) {
         return KFRResult(code, 3, id);
     };
     // clang-format off
-    Case const cases[] = {
+    struct {
+        KFRResult message;
+        Severity severity;
+        char const* line;
+    } const cases[] = {
         {result(5, 1).addParam(0.5), Severity::error, "error: It's the part '0.5'"},
         {result(5, 0).addParam(7).addParam("two\nlines"), Severity::warning, "warning: two lines"},
         {result(5, 12345).addParam(icu::UnicodeString(u"größer")), Severity::information,
@@ -43,7 +43,7 @@ TEST(MessageDisplay, SaysOneLineInTheWordsThatAreClosestToTheMessage)
     Lines lines;
     auto const display = KFR::make<MessageDisplay>(
         KFR::make<MessageCatalog>(TESTFILE_TESTMESSAGES, ""), lines.sink());
-    for (Case const& row : cases) {
+    for (auto const& row : cases) {
         EXPECT_TRUE(display->show(row.message, row.severity, false).isOk());
         EXPECT_THAT(lines.take(), ElementsAre(Pair(row.severity, row.line)));
     }
@@ -60,46 +60,32 @@ TEST(MessageDisplay, DoesWithoutCatalogueAndSink)
 
 // --- states ------------------------------------------------------------------------------------
 
-/// Does with what is published as the test says; knows nothing else.
-class FakeEvents final : public KFRServiceObjectImpl<KFRIEventManagerInterface> {
-    using Listener = KFRSmartPointer<KFRIEventListenerInterface>;
-
+/// Does with what is published as the test says.
+class Listener final : public KFRServiceObjectImpl<KFRIEventListenerInterface> {
 public:
-    std::function<KFRResult(KFREvent const&, int)> m_onPublish;
+    std::function<void(KFREvent const&)> m_then;
 
-    KFRResult createDomainID(std::string const&, long long&) override { return {}; }
-    KFRResult getDomainID(std::string const&, long long&) override { return {}; }
-    KFRResult getChannelID(long long&) override { return {}; }
-    KFRResult addListener(long long, Listener const&, int, KFRSequence<int> const&) override
+    KFRResult handleEvent(KFREvent const& event) override
     {
-        return {};
+        m_then(event);
+        return KFR::ok;
     }
-    KFRResult addListener(KFR::Framework::EventFilter const&, Listener const&) override
-    {
-        return {};
-    }
-    KFRResult addChannelListener(long long, Listener const&, int) override { return {}; }
-    KFRResult removeListener(long long, Listener const&) override { return {}; }
-    KFRResult publishEvent(KFREvent const& event, int flag) override
-    {
-        return m_onPublish(event, flag);
-    }
-    KFRResult fireEvent(KFREvent const&, int, Listener const&) override { return {}; }
 };
 
 TEST(StateService, CountsNestedSilenceAndPassesEveryEventOn)
 {
-    auto const events = KFR::make<FakeEvents>();
+    auto const events = KFR::make<kernel::EventManager>();
     auto const states = KFR::make<StateService>(events);
+    long long domain = 0;
+    events->createDomainID("vrn.test", domain);
+    auto const listener = KFR::make<Listener>();
+    events->addListener(domain, listener, 2, {});
     std::vector<std::pair<int, int>> depthAtEvent;
-    events->m_onPublish = [&](KFREvent const& event, int flag) {
-        EXPECT_EQ(event.domain, 77);
-        EXPECT_EQ(flag, 0);
+    listener->m_then = [&](KFREvent const& event) {
         depthAtEvent.emplace_back(event.eventId, states->silentDepth());
-        return KFRResult(KFR::ok);
     };
     auto const send = [&](int id) {
-        return states->send("appfw.CommandSS", KFREvent{77, id, {}}, 1).getCode();
+        return states->send("appfw.CommandSS", KFREvent{domain, id, {}}, 1).getCode();
     };
     for (int const id : {20, 20, 5, 21, 21}) {
         EXPECT_EQ(send(id), KFR::ok) << id;
@@ -109,15 +95,13 @@ TEST(StateService, CountsNestedSilenceAndPassesEveryEventOn)
     EXPECT_THAT(depthAtEvent, ElementsAre(Pair(20, 1), Pair(20, 2), Pair(5, 2), Pair(21, 1),
                                           Pair(21, 0), Pair(21, 0), Pair(20, 1)));
 
-    KFRResult const unknown = states->send("appfw.Other", KFREvent{77, 20, {}}, 0);
+    KFRResult const unknown = states->send("appfw.Other", KFREvent{domain, 20, {}}, 0);
     EXPECT_EQ(unknown.getCode(), kUnknownStateMachine);
     EXPECT_THAT(reasonOf(unknown), HasSubstr("appfw.Other"));
     EXPECT_EQ(depthAtEvent.size(), 7U);
 
-    events->m_onPublish = [](KFREvent const&, int) {
-        return KFRResult(4711);
-    };
-    EXPECT_EQ(send(21), 4711);
+    domain = 5;  // none: the manager's refusal comes first
+    EXPECT_EQ(send(21), kernel::kUnknownDomain);
     EXPECT_EQ(states->silentDepth(), 0);
     EXPECT_EQ(send(21), kNotSilent);
 }

@@ -83,19 +83,18 @@ TEST_F(AtMousePanelTest, KeepsWorkflowAndCursor)
 
 TEST_F(AtMousePanelTest, RefusesWhatItCannotUseAndStaysAsItWas)
 {
-    struct Case {
-        char const* command;
-        CmdParameters parameters;
-        int code;
-        char const* named;
-    };
     CmdParameters extra = instruction(u"other");
     extra.append(CmdParameter{"secondtext", text(u"row")});
     CmdParameters number = instruction(u"other");
     number.append(CmdParameter{"isError", KFRAny(1)});
     CmdParameters const noIcon{{"text", text(u"other")}, {"resourcePath", KFRAny("/res")}};
     // clang-format off
-    Case const cases[] = {
+    struct {
+        char const* command;
+        CmdParameters parameters;
+        int code;
+        char const* named;
+    } const cases[] = {
         {"SetAtMouseInstructionData", noIcon, kMissingParameter, "\"icon\""},
         {"SetAtMouseInstructionData", extra, kUnusableParameter, "\"secondtext\""},
         {"SetAtMouseInstructionData", number, kUnusableParameter, "a truth value, not"},
@@ -106,7 +105,7 @@ TEST_F(AtMousePanelTest, RefusesWhatItCannotUseAndStaysAsItWas)
     };
     // clang-format on
     apply("SetAtMouseInstructionData", instruction(u"Pick"));
-    for (Case const& row : cases) {
+    for (auto const& row : cases) {
         KFRResult const refused = m_panel.apply(row.command, row.parameters);
         EXPECT_EQ(refused.getCode(), row.code) << row.command;
         EXPECT_THAT(reasonOf(refused), HasSubstr(row.named));

@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <ostream>
-
 namespace vrn::orlo::host::shell {
 namespace {
 
@@ -15,50 +13,14 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Pair;
 
-struct BoxCase {
+// clang-format off
+struct {
     char const* name;
     char const* answer;  ///< null for a script without one
     std::vector<icu::UnicodeString> buttons;
     int button;  ///< that is answered
     bool scripted;
-};
-
-void PrintTo(BoxCase const& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class BoxAnswers : public ::testing::TestWithParam<BoxCase> {};
-
-TEST_P(BoxAnswers, ComeFromTheScriptOrAreSafe)
-{
-    BoxCase const& row = GetParam();
-    Lines lines;
-    std::vector<std::string> script;
-    if (row.answer != nullptr) {
-        script.emplace_back(row.answer);
-    }
-    Boxes boxes(script, lines.sink());
-    KFRResult const result =
-        boxes.ask(u"Title", u"Delete?", row.buttons[0], row.buttons[1], row.buttons[2]);
-    EXPECT_EQ(result.getCode(), row.button == 1 ? KFR::ok : row.button);
-    EXPECT_EQ(boxes.log().front().m_answer, row.button);
-    EXPECT_EQ(boxes.log().front().m_scripted, row.scripted);
-    EXPECT_THAT(boxes.unused(), IsEmpty());
-    auto const said = lines.take();
-    if (row.scripted) {
-        EXPECT_THAT(said, IsEmpty());
-    } else {
-        ASSERT_THAT(said,
-                    ElementsAre(Pair(appfw::Severity::warning,
-                                     AllOf(HasSubstr("Delete?"),
-                                           HasSubstr(script.empty() ? "no answer" : script[0])))));
-        EXPECT_EQ("warning: " + reasonOf(result), said.front().second);
-    }
-}
-
-// clang-format off
-BoxCase const kBoxCases[] = {
+} const kBoxCases[] = {
     // name                           answer   buttons                   button scripted
     {"ByNumber",                      "1",     {u"Yes", u"No", u"Stop"}, 1, true},
     {"BySecondNumber",                "2",     {u"Yes", u"No", u"Stop"}, 2, true},
@@ -78,8 +40,34 @@ BoxCase const kBoxCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Boxes, BoxAnswers, ::testing::ValuesIn(kBoxCases),
-                         [](auto const& row) { return std::string(row.param.name); });
+TEST(BoxAnswers, ComeFromTheScriptOrAreSafe)
+{
+    for (auto const& row : kBoxCases) {
+        SCOPED_TRACE(row.name);
+        Lines lines;
+        std::vector<std::string> script;
+        if (row.answer != nullptr) {
+            script.emplace_back(row.answer);
+        }
+        Boxes boxes(script, lines.sink());
+        KFRResult const result =
+            boxes.ask(u"Title", u"Delete?", row.buttons[0], row.buttons[1], row.buttons[2]);
+        EXPECT_EQ(result.getCode(), row.button == 1 ? KFR::ok : row.button);
+        EXPECT_EQ(boxes.log().front().m_answer, row.button);
+        EXPECT_EQ(boxes.log().front().m_scripted, row.scripted);
+        EXPECT_THAT(boxes.unused(), IsEmpty());
+        auto const said = lines.take();
+        if (row.scripted) {
+            EXPECT_THAT(said, IsEmpty());
+        } else {
+            ASSERT_THAT(said, ElementsAre(Pair(
+                                  appfw::Severity::warning,
+                                  AllOf(HasSubstr("Delete?"),
+                                        HasSubstr(script.empty() ? "no answer" : script[0])))));
+            EXPECT_EQ("warning: " + reasonOf(result), said.front().second);
+        }
+    }
+}
 
 TEST(Boxes, AreAnsweredInTheOrderOfTheScriptAndKept)
 {

@@ -1,6 +1,6 @@
 #include "host/shell/messagecatalog.h"
 
-#include "platform/kfr/kfrkernelaccess.h"
+#include "tests/host/kernel/notinglogger.h"
 #include "tests/host/shell/shelltesting.h"
 #include "tests/support/temporaryfolder.h"
 
@@ -19,7 +19,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::Pair;
 using Params = KFRSequence<KFRAny>;
 
 constexpr char kProduct[] = TESTFILE_MESSAGES;
@@ -68,48 +67,39 @@ Texts textsOf(char const* language)
     return texts;
 }
 
-TEST(ProductTexts, CoverWhatTheLibraryAsksForAndDiffer)
+TEST(ProductTexts, CoverWhatTheLibraryAsksForDifferAndTakeTheSameParameters)
 {
-    constexpr int kNumbers[] = {10076, 10077, 10082, 10083,  10084,  10085,  10387,  10440, 10441,
-                                10442, 10443, 10444, 10445,  10446,  10447,  10451,  10456, 10607,
-                                10608, 10609, 10610, 10611,  10612,  10613,  10614,  10657, 10658,
-                                92007, 92008, 92009, 140113, 140114, 160300, 270009, 400007};
-    std::set<std::string> expected{"texts/BucklingScenario_DefaultName",
-                                   "texts/DEFAULT_NAME_DISCRETE_TIE",
-                                   "texts/DEFAULT_NAME_DISCRETE_TIES",
-                                   "texts/DyanmicScenario_DefaultName",
-                                   "texts/InteractionLayer",
-                                   "texts/LABEL_BEAM_SPAN_GROUP_NAME",
-                                   "texts/MODELING_NONSTRUCTURAL_MASS_NAME",
-                                   "texts/ManufacturingConstraint_Container_Name",
-                                   "texts/NonDesignRegion_Group_Default_Name",
-                                   "texts/SectionView_Panel_GROUP_NAME",
-                                   "texts/TopologyDesignRegion_Group_Default_Name"};
-    for (int const number : kNumbers) {
+    std::set<std::string> expected;
+    for (int const number :
+         {10076, 10077, 10082, 10083, 10084, 10085, 10387,  10440,  10441,  10442,  10443, 10444,
+          10445, 10446, 10447, 10451, 10456, 10607, 10608,  10609,  10610,  10611,  10612, 10613,
+          10614, 10657, 10658, 92007, 92008, 92009, 140113, 140114, 160300, 270009, 400007}) {
         expected.insert("numbers/n" + std::to_string(number));
     }
+    for (std::string const key :
+         {"BucklingScenario_DefaultName", "DEFAULT_NAME_DISCRETE_TIE", "DEFAULT_NAME_DISCRETE_TIES",
+          "DyanmicScenario_DefaultName", "InteractionLayer", "LABEL_BEAM_SPAN_GROUP_NAME",
+          "MODELING_NONSTRUCTURAL_MASS_NAME", "ManufacturingConstraint_Container_Name",
+          "NonDesignRegion_Group_Default_Name", "SectionView_Panel_GROUP_NAME",
+          "TopologyDesignRegion_Group_Default_Name"}) {
+        expected.insert("texts/" + key);
+    }
+    Texts const english = textsOf("root");
     for (char const* const language : {"root", "de"}) {
         std::set<std::string> keys;
         std::map<std::string, std::string> keyOf;
         for (auto const& [key, text] : textsOf(language)) {
             keys.insert(key);
             EXPECT_NE(text, "") << key;
+            for (char const* const slot : {"{0}", "{1}", "{2}", "{3}"}) {
+                EXPECT_EQ(text.find(slot) == std::string::npos,
+                          english.at(key).find(slot) == std::string::npos)
+                    << key << slot;
+            }
             // Groups are found again by their names.
             EXPECT_TRUE(keyOf.try_emplace(text, key).second) << key << " and " << keyOf[text];
         }
         EXPECT_EQ(keys, expected) << language;
-    }
-}
-
-TEST(ProductTexts, TakeTheSameParametersInBothLanguages)
-{
-    Texts const german = textsOf("de");
-    for (auto const& [key, english] : textsOf("root")) {
-        for (char const* const slot : {"{0}", "{1}", "{2}", "{3}"}) {
-            EXPECT_EQ(german.at(key).find(slot) == std::string::npos,
-                      english.find(slot) == std::string::npos)
-                << key << slot;
-        }
     }
 }
 
@@ -155,7 +145,7 @@ TEST(MessageCatalogue, TakesTheClosestLanguageThatHasTheText)
     }
 }
 
-TEST(MessageCatalogue, PutsParametersInAsTheyAre)
+TEST(MessageCatalogue, PutsParametersInAsTheyAreAndRefusesWrongBraces)
 {
     auto const catalogue = catalogueOf(kTest, "de");
     for (auto const& [param, text] : std::vector<std::pair<KFRAny, std::string>>{
@@ -169,38 +159,17 @@ TEST(MessageCatalogue, PutsParametersInAsTheyAre)
         EXPECT_EQ(textOf(*catalogue, 1, {param}), "It's the part '" + text + "'");
     }
     EXPECT_EQ(textOf(*catalogue, 3, {KFRAny(1)}), "{1}-1");
-}
-
-TEST(MessageCatalogue, RefusesATextWithWrongBraces)
-{
     icu::UnicodeString text = u"before";
-    KFRResult const result = catalogueOf(kTest, "")->getTextByNumber(2, {}, text);
-    EXPECT_EQ(result.getCode(), kUnusableText);
-    EXPECT_THAT(reasonOf(result), HasSubstr("n2"));
+    KFRResult const wrongBraces = catalogueOf(kTest, "")->getTextByNumber(2, {}, text);
+    EXPECT_EQ(wrongBraces.getCode(), kUnusableText);
+    EXPECT_THAT(reasonOf(wrongBraces), HasSubstr("n2"));
     EXPECT_EQ(text, u"before");
 }
 
-/// A kernel that keeps what is logged.
-class FakeKernel final : public KFRServiceObjectImpl<KFR::Framework::KFRIKernelAccessInterface,
-                                                     KFR::Framework::KFRILoggerInterface> {
-public:
-    std::vector<std::pair<int, std::string>> m_lines;
-
-    KFRSmartPointer<KFR::Framework::KFRILoggerInterface> getLogger() override
-    {
-        return KFRSmartPointer<KFR::Framework::KFRILoggerInterface>(this);
-    }
-    KFRResult log(std::string const& text, int level) override
-    {
-        m_lines.emplace_back(level, text);
-        return KFR::ok;
-    }
-};
-
 TEST(MessageCatalogue, WarnsOncePerIdThatHasNoText)
 {
-    auto const kernel = KFR::make<FakeKernel>();
-    KFR::Framework::setKernelAccessInterface(kernel);
+    auto const logger = KFR::make<kernel::NotingLogger>();
+    KFR::Framework::setKernelAccessInterface(logger);
     auto const catalogue = catalogueOf(kProduct, "de");
     std::string const none = "<none>";
     for (int round = 0; round < 2; ++round) {
@@ -213,13 +182,12 @@ TEST(MessageCatalogue, WarnsOncePerIdThatHasNoText)
     EXPECT_EQ(catalogue->getHelpKey("10076", help).getCode(), kNoText);
     EXPECT_EQ(help, "before");
     KFR::Framework::setKernelAccessInterface({});
-    EXPECT_THAT(kernel->m_lines,
-                ElementsAre(Pair(2,
-                                 "The message catalogue has no text n12345. Add it to the table "
-                                 "numbers in each file of host/resources/messages."),
-                            Pair(2, HasSubstr("no text n-1.")),
-                            Pair(2, HasSubstr("no text n10076. Add it to the table texts")),
-                            Pair(2, HasSubstr("Add it to the table texts"))));
+    EXPECT_THAT(logger->m_lines,
+                ElementsAre("2 The message catalogue has no text n12345. Add it to the table "
+                            "numbers in each file of host/resources/messages.",
+                            HasSubstr("no text n-1."),
+                            HasSubstr("no text n10076. Add it to the table texts"),
+                            HasSubstr("Add it to the table texts")));
 }
 
 TEST(MessageCatalogue, GivesEachPluginADomainOfItsOwn)
@@ -238,8 +206,11 @@ TEST(MessageCatalogue, GivesEachPluginADomainOfItsOwn)
     EXPECT_EQ(untouched, -1);
 }
 
-TEST(MessageCatalogue, NeedsABundleInItsFolder)
+TEST(MessageCatalogue, NeedsABundleInItsFolderWhichMayBeAPlainName)
 {
+    std::filesystem::current_path(std::filesystem::path(kTest).parent_path());
+    std::string const plain = std::filesystem::path(kTest).filename();
+    EXPECT_EQ(textOf(*catalogueOf(plain.c_str(), "de"), "Everywhere"), "de");
     test::TemporaryFolder const folder;
     try {
         catalogueOf(folder.path().c_str(), "de");
@@ -249,29 +220,18 @@ TEST(MessageCatalogue, NeedsABundleInItsFolder)
     }
 }
 
-TEST(MessageCatalogue, FindsAFolderByItsPlainName)
-{
-    std::filesystem::path const folder(kTest);
-    std::filesystem::current_path(folder.parent_path());
-    auto const catalogue = catalogueOf(folder.filename().c_str(), "de");
-    EXPECT_EQ(textOf(*catalogue, "Everywhere"), "de");
-}
-
 TEST(MessageCatalogue, TakesTheLocaleOfTheFirstVariableThatIsSetToSomething)
 {
-    auto const set = [](char const* name, char const* value) {
-        ::setenv(name, value, 1);
-    };
-    set("LC_ALL", "");
-    set("LC_MESSAGES", "");
-    set("LANG", "");
-    EXPECT_EQ(MessageCatalog::localeFromEnvironment(), "");
-    set("LANG", "fr_FR");
-    EXPECT_EQ(MessageCatalog::localeFromEnvironment(), "fr_FR");
-    set("LC_MESSAGES", "de_DE.UTF-8");
-    EXPECT_EQ(MessageCatalog::localeFromEnvironment(), "de_DE.UTF-8");
-    set("LC_ALL", "C");
-    EXPECT_EQ(MessageCatalog::localeFromEnvironment(), "C");
+    char const* const kRows[][4] = {{"", "", "", ""},
+                                    {"", "", "fr_FR", "fr_FR"},
+                                    {"", "de_DE.UTF-8", "fr_FR", "de_DE.UTF-8"},
+                                    {"C", "de_DE.UTF-8", "fr_FR", "C"}};
+    for (auto const& [all, messages, lang, locale] : kRows) {
+        ::setenv("LC_ALL", all, 1);
+        ::setenv("LC_MESSAGES", messages, 1);
+        ::setenv("LANG", lang, 1);
+        EXPECT_EQ(MessageCatalog::localeFromEnvironment(), locale);
+    }
 }
 
 }  // namespace

@@ -53,33 +53,13 @@ TEST(KeyTable, CallsNoReaderForAMapWithAnError)
     EXPECT_THAT(calls, ElementsAre());
 }
 
-TEST(KeyTable, AsksForARequiredKeyWhereTheMapBegins)
-{
-    Calls calls;
-    EXPECT_THAT(answerTo("\nsecond: []\n", calls),
-                StrEq("s.yaml:2: load.first: is missing; write for instance 'first: 1'"));
-}
-
-TEST(KeyTable, ListsKnownKeysByTheAlphabet)
-{
-    Calls calls;
-    EXPECT_THAT(answerTo("firts: 1\n", calls),
-                StrEq("s.yaml:1: load.firts: is no known key; did you mean 'first'? known here: "
-                      "first, second"));
-}
-
-TEST(KeyTable, PlacesCountListItemsFromOne)
-{
-    DocumentNode item;
-    item.m_line = 7;
-    KeyPlace const place = placeOfItem({"s.yaml", 6, "loads"}, item, 1);
-    EXPECT_EQ(place.m_key, "loads[1]");
-    EXPECT_EQ(place.m_line, 7);
-}
-
-TEST(KeyTable, LineOfTextDropsOuterBlanksOnly)
+TEST(KeyTable, CountsListItemsFromOneAndDropsOuterBlanksOnly)
 {
     DocumentNode value;
+    value.m_line = 7;
+    KeyPlace const place = placeOfItem({"s.yaml", 6, "loads"}, value, 1);
+    EXPECT_EQ(place.m_key, "loads[1]");
+    EXPECT_EQ(place.m_line, 7);
     value.m_text = " \ta  b \n";
     EXPECT_EQ(lineOfText({}, value), "a  b");
 }

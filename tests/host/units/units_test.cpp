@@ -30,40 +30,23 @@ public:
     [[nodiscard]] bool isReady() const { return m_system != nullptr; }
     [[nodiscard]] UnitHandle unit(std::string const& text) const
     {
+        // clang-format off
         static std::map<std::string, std::string> const words{
-            {"m", "meter"},
-            {"cm", "centimeter"},
-            {"mm", "millimeter"},
-            {"in", "inch"},
+            {"m", "meter"}, {"cm", "centimeter"}, {"mm", "millimeter"}, {"in", "inch"},
             {"ft", "international_foot"},
-            {"kg", "kilogram"},
-            {"g", "gram"},
-            {"lb", "pound"},
-            {"t", "metric_ton"},
+            {"kg", "kilogram"}, {"g", "gram"}, {"lb", "pound"}, {"t", "metric_ton"},
             {"slug", "(pound_force*second^2/international_foot)"},
             {"slinch", "(pound_force*second^2/inch)"},
             {"khyl", "(kilogram_force*second^2/millimeter)"},
-            {"s", "second"},
-            {"ms", "millisecond"},
-            {"us", "microsecond"},
-            {"N", "newton"},
-            {"cN", "centinewton"},
-            {"mN", "millinewton"},
-            {"uN", "micronewton"},
-            {"daN", "dekanewton"},
-            {"kN", "kilonewton"},
-            {"dakN", "(1e4 newton)"},
-            {"daMN", "(1e7 newton)"},
-            {"daGN", "(1e10 newton)"},
-            {"lbf", "pound_force"},
-            {"dyn", "dyne"},
-            {"kgf", "kilogram_force"},
-            {"rad", "radian"},
-            {"deg", "arc_degree"},
-            {"Pa", "pascal"},
-            {"J", "joule"},
+            {"s", "second"}, {"ms", "millisecond"}, {"us", "microsecond"},
+            {"N", "newton"}, {"cN", "centinewton"}, {"mN", "millinewton"}, {"uN", "micronewton"},
+            {"daN", "dekanewton"}, {"kN", "kilonewton"},
+            {"dakN", "(1e4 newton)"}, {"daMN", "(1e7 newton)"}, {"daGN", "(1e10 newton)"},
+            {"lbf", "pound_force"}, {"dyn", "dyne"}, {"kgf", "kilogram_force"},
+            {"rad", "radian"}, {"deg", "arc_degree"}, {"Pa", "pascal"}, {"J", "joule"},
             {"BTU", "Btu"},
         };
+        // clang-format on
         std::string expression;
         static std::regex const word("[A-Za-z]+");
         auto end = text.begin();

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 namespace vrn::orlo::host::units {
@@ -17,36 +16,13 @@ using KFR::Util::Units::UnitSystemData;
 using KFR::Util::Units::UnitSystemInfo;
 using Holder = plugin::modeling::ServiceCacheModelingPlugin;
 
-struct ValueUnitCase {
+// clang-format off
+struct {
     char const* name;
     unsigned short unit;
     unsigned short quantity;
     char const* text;
-};
-
-void PrintTo(ValueUnitCase const& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
-class ValueUnits : public ::testing::TestWithParam<ValueUnitCase> {};
-
-TEST_P(ValueUnits, AreCurrentOrConvertibleInSI)
-{
-    auto const units = KFR::make<UnitServices>();
-    unsigned short quantity = 99;
-    ASSERT_TRUE(units->getQuantity(GetParam().unit, quantity).isOk());
-    EXPECT_EQ(quantity, GetParam().quantity);
-    EXPECT_EQ(units->catalogue().unit(GetParam().unit)->m_text, GetParam().text);
-    unsigned short current = 0;
-    ASSERT_TRUE(units->getCurrentUnit(quantity, current).isOk());
-    double value = 0.0;
-    ASSERT_TRUE(units->convert(0.1, GetParam().unit, current, value).isOk());
-    EXPECT_EQ(value, 0.1);  // what ranges are stated in is SI
-}
-
-// clang-format off
-ValueUnitCase const kValueUnits[] = {
+} const kValueUnits[] = {
     {"None",        0,    kNone,       ""},
     {"Memory",      962,  kMemory,     "MB"},
     {"MassMoment",  975,  kMassMoment, "kg*m^2"},
@@ -57,8 +33,22 @@ ValueUnitCase const kValueUnits[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Ids, ValueUnits, ::testing::ValuesIn(kValueUnits),
-                         [](auto const& row) { return std::string(row.param.name); });
+TEST(ValueUnits, AreCurrentOrConvertibleInSI)
+{
+    for (auto const& row : kValueUnits) {
+        SCOPED_TRACE(row.name);
+        auto const units = KFR::make<UnitServices>();
+        unsigned short quantity = 99;
+        ASSERT_TRUE(units->getQuantity(row.unit, quantity).isOk());
+        EXPECT_EQ(quantity, row.quantity);
+        EXPECT_EQ(units->catalogue().unit(row.unit)->m_text, row.text);
+        unsigned short current = 0;
+        ASSERT_TRUE(units->getCurrentUnit(quantity, current).isOk());
+        double value = 0.0;
+        ASSERT_TRUE(units->convert(0.1, row.unit, current, value).isOk());
+        EXPECT_EQ(value, 0.1);  // what ranges are stated in is SI
+    }
+}
 
 TEST(UnitServices, FollowTheCurrentSystem)
 {

@@ -151,7 +151,8 @@ int edit(EditOptions const& options, SessionOptions const& sessionOptions)
 {
     host::study::Study const study = host::study::loadStudy(options.m_study);
     Session session(sessionOptions);
-    Model const model = loadModel(session, study.m_geometry);
+    auto const held = loadModel(session, study.m_geometry);
+    host::model::Model const& model = *held;
     std::vector<Change> changes;
     for (std::string const& text : options.m_changes) {
         changes.push_back(changeOf(text, model));

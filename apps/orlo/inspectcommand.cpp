@@ -11,7 +11,8 @@ namespace vrn::orlo::app {
 int inspect(InspectOptions const& options, SessionOptions const& sessionOptions)
 {
     Session session(sessionOptions);
-    host::model::Model const model = loadModel(session, options.m_file);
+    auto const held = loadModel(session, options.m_file);
+    host::model::Model const& model = *held;
     std::string const report =
         options.m_json
             ? jsonReport(model)

@@ -32,7 +32,7 @@ void logImport(std::filesystem::path const& file, host::geometry::GeometryModel 
 
 }  // namespace
 
-host::model::Model loadModel(Session& session, std::filesystem::path const& file)
+std::unique_ptr<host::model::Model> loadModel(Session& session, std::filesystem::path const& file)
 {
     auto const start = std::chrono::steady_clock::now();
     ProgressLine progress;
@@ -44,8 +44,12 @@ host::model::Model loadModel(Session& session, std::filesystem::path const& file
     for (std::string const& warning : geometry.m_warnings) {
         reportWarning(warning);
     }
-    return {std::move(geometry), session.kernel().typeRegistry(),
-            session.application().entityService(), &session.application().entities()};
+    auto model = std::make_unique<host::model::Model>(
+        std::move(geometry), session.kernel().typeRegistry(), session.application().entityService(),
+        &session.application().entities());
+    session.application().models().open(*model->root());
+    session.geometryService().setModel(model->geometryStore());
+    return model;
 }
 
 }  // namespace vrn::orlo::app

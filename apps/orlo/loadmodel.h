@@ -7,12 +7,14 @@
 #include "host/model/model.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace vrn::orlo::app {
 
 /// Imports a geometry file, with a progress line, and prints the import's warnings.
 ///
 /// Failure    As host::geometry::importGeometry.
-[[nodiscard]] host::model::Model loadModel(Session& session, std::filesystem::path const& file);
+[[nodiscard]] std::unique_ptr<host::model::Model> loadModel(Session& session,
+                                                            std::filesystem::path const& file);
 
 }  // namespace vrn::orlo::app

@@ -1,12 +1,14 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/csvtable.h"
+#include "apps/orlo/pickcommand.h"
 #include "apps/orlo/session.h"
 #include "apps/orlo/spectrumcommand.h"
 #include "apps/orlo/unitscommand.h"
 #include "apps/orlo/usageerror.h"
 #include "host/geometry/geometryimport.h"
 #include "host/kernel/componentloader.h"
+#include "host/meshing/meshfileerror.h"
 #include "host/study/atomicfile.h"
 #include "host/study/study.h"
 #include "platform/kfr/kfrexception.h"
@@ -28,6 +30,9 @@ int guarded(Verb const& verb)
     try {
         return verb();
     } catch (host::geometry::ImportError const& error) {
+        app::reportError(error.what());
+        return app::kBadInput;
+    } catch (host::meshing::MeshFileError const& error) {
         app::reportError(error.what());
         return app::kBadInput;
     } catch (host::study::StudyError const& error) {
@@ -93,6 +98,38 @@ int main(int argc, char** argv)
         ->allow_extra_args(false);
     edit->add_flag("--undo", editOptions.m_undo, "Take the last change back at the end");
 
+    app::PickOptions pickOptions;
+    CLI::App* const pick = orlo.add_subcommand("pick", "Pick as a user would, and sort the picks");
+    pick->add_option("FILE", pickOptions.m_file, "STEP assembly, STL surface or Abaqus mesh")
+        ->required();
+    pick->add_option("--filter", pickOptions.m_filters, "What may be picked: Face,Edge,...")
+        ->required()
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_flag("--all", pickOptions.m_all, "Everything that the filter allows");
+    pick->add_option("--at", pickOptions.m_at, "The nearest to x,y,z")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_option("--within", pickOptions.m_within, "How far that may be, in mm");
+    pick->add_option("--box", pickOptions.m_box, "What lies in the box of two corners x,y,z,x,y,z")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_flag("--touching", pickOptions.m_touching, "Also what the box only touches");
+    pick->add_option("--normal", pickOptions.m_normal, "Faces that look to x,y,z")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_option("--angle", pickOptions.m_angle, "How far off they may look, in degrees");
+    pick->add_option("--area", pickOptions.m_area, "Faces from the least to the greatest area, mm2")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_option("--name", pickOptions.m_name, "Of a part or instance; of a set in a mesh");
+    pick->add_option("--id", pickOptions.m_ids, "Numbers of entities; ids of elements")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    pick->add_option("--grow", pickOptions.m_grow,
+                     "Go on over neighbouring faces up to this angle, in degrees");
+    pick->add_flag("--single", pickOptions.m_single, "Allow one pick only");
+
     app::SpectrumOptions spectrumOptions;
     CLI::App* const spectrum = orlo.add_subcommand("spectrum", "Transform a time signal, or back");
     spectrum->add_option("FILE", spectrumOptions.m_file, "Table of time,value (CSV)")->required();
@@ -126,6 +163,9 @@ int main(int argc, char** argv)
     }
     if (edit->parsed()) {
         return guarded([&] { return app::edit(editOptions, session); });
+    }
+    if (pick->parsed()) {
+        return guarded([&] { return app::pick(pickOptions, session); });
     }
     if (spectrum->parsed()) {
         return guarded([&] { return app::spectrum(spectrumOptions); });

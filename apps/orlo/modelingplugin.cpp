@@ -9,6 +9,7 @@
 #include "plugins/modelingplugin/utilities/componentframe/loghelper.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "plugins/modelingplugin/utilities/eventswork/eventhandler.h"
+#include "plugins/modelingplugin/utilities/identity/entitycompare.h"
 #include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
 
 #include <string>
@@ -66,6 +67,7 @@ void ModelingPlugin::stop()
     Logger::uninitialize();
     // Types before services: dropping them still needs the registry, which the service cache would
     // fetch again had it been emptied before.
+    EntityCompare::release();
     EntityTypeID::unRegister();
     ServiceHelper::releaseServices();
 }

@@ -32,7 +32,8 @@ int run(RunOptions const& options, SessionOptions const& sessionOptions)
     fs::path const folder = options.m_out.empty() ? fs::path("out") / study.m_name : options.m_out;
 
     Session session(sessionOptions);
-    host::model::Model const model = loadModel(session, study.m_geometry);
+    auto const held = loadModel(session, study.m_geometry);
+    host::model::Model const& model = *held;
 
     std::string const tree = textReport(model, ReportDepth::tree);
     std::string const json =

@@ -3,7 +3,11 @@
 #include "host/commands/modifyobjects.h"
 #include "host/commands/transactionbroker.h"
 #include "host/kernel/servicename.h"
+#include "host/model/eomfactory.h"
+#include "host/model/referencecontainer.h"
+#include "host/model/referencelist.h"
 #include "host/shell/messagedisplay.h"
+#include "platform/servicecaches/servicecacheappframe.h"
 #include "platform/servicecaches/servicecachemodelingplugin.h"
 
 #include <stdexcept>
@@ -62,7 +66,13 @@ Application::Application(kernel::Kernel& kernel, Options const& options)
       m_states(KFR::make<shell::StateService>(m_events)),
       m_processor(KFR::make<commands::CommandProcessor>(m_events)),
       m_entityService(std::make_shared<model::EntityService>(m_events)),
-      m_entities(KFR::make<model::RootManager>(m_entityService))
+      m_entities(KFR::make<model::RootManager>(m_entityService)),
+      m_persistence(KFR::make<model::Persistence>()),
+      m_display(KFR::make<selection::DisplayManager>()),
+      m_selection(KFR::make<selection::SelectionManager>(m_events, m_display->pickingSettings())),
+      m_meshEntities(KFR::make<meshing::FEMEntities>(
+          KFRSmartPointer<KFR::Services::TypeRegistry::ITypeRegistryInterface>(
+              &kernel.typeRegistry())))
 {
     constexpr int kKeep = 0;
     setenv("APP_DIR", (options.m_resources / "app").c_str(), kKeep);
@@ -104,10 +114,21 @@ void Application::registerServices(kernel::Kernel& kernel, Options const& option
     add(serviceNameOf("messageDisplay"), display);
     add(serviceNameOf("getEventManager"), m_events);
     add(serviceNameOf("getGuiExeutive"), m_executive);
+    add(serviceNameOf("getDisplayDataManager"), m_display);
+    add(serviceNameOf("getFEMEntities"), m_meshEntities);
+    add(serviceNameOf("getFEMPMService"), KFR::make<meshing::FEMPluginManager>());
 
     Holder::configMgr_ = m_settings;
     Holder::commandProcessor_ = m_processor;
     Holder::rootManager_ = m_entities;
+    Holder::adapterManager_ = m_entities;
+    Holder::eomObjectFactory_ = KFR::make<model::EomObjectFactory>();
+    Holder::entRefListFactory_ = KFR::make<model::ReferenceListFactory>(m_entities);
+    Holder::entRefContainerFactory_ = KFR::make<model::ReferenceContainerFactory>(m_entities);
+    Holder::entRefFactory_ = KFR::make<model::ReferenceContainerFactory>(m_entities);
+    Holder::PFW_ = m_persistence;
+    appfw::ServiceCacheAppFrame::PFW_ = m_persistence;
+    Holder::selectionManager_ = m_selection;
     Holder::transactionBrokerFactory_ = KFR::make<commands::TransactionBroker>(m_processor->link());
     Holder::frameworkAccess_ =
         KFR::make<shell::ApplicationAccess>(accessOptions(options), m_states);

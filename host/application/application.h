@@ -8,8 +8,12 @@
 #include "host/kernel/configurationmanager.h"
 #include "host/kernel/eventmanager.h"
 #include "host/kernel/kernel.h"
+#include "host/meshing/fementities.h"
 #include "host/model/entityservice.h"
+#include "host/model/persistence.h"
 #include "host/model/rootmanager.h"
+#include "host/selection/displaymanager.h"
+#include "host/selection/selectionmanager.h"
 #include "host/shell/applicationaccess.h"
 #include "host/shell/atmousepanel.h"
 #include "host/shell/boxes.h"
@@ -26,7 +30,8 @@ namespace vrn::orlo::host::application {
 
 /// Makes the services of an application that have nothing to do with geometry, and has the kernel
 /// know them, by name and in the holders: settings, events, texts and messages, boxes, commands
-/// with their history, transactions, the executive's queue, entities.
+/// with their history, transactions, the executive's queue, entities and references to them, open
+/// models, selection and pick filters, entities of meshes.
 ///
 /// To be made after the kernel and before a component is loaded.
 ///
@@ -65,6 +70,11 @@ public:
         return m_entityService;
     }
     [[nodiscard]] model::RootManager& entities() noexcept { return *m_entities; }
+    /// The models that are open.
+    [[nodiscard]] model::PersistenceSession& models() noexcept { return m_persistence->session(); }
+    [[nodiscard]] selection::SelectionManager& selection() noexcept { return *m_selection; }
+    [[nodiscard]] selection::DisplayManager& display() noexcept { return *m_display; }
+    [[nodiscard]] meshing::FEMEntities& meshEntities() noexcept { return *m_meshEntities; }
     [[nodiscard]] shell::Boxes& boxes() noexcept { return m_boxes; }
     [[nodiscard]] shell::AtMousePanel& atMousePanel() noexcept { return m_atMousePanel; }
     [[nodiscard]] shell::StateService& states() noexcept { return *m_states; }
@@ -87,6 +97,10 @@ private:
     KFRSmartPointer<commands::Executive> m_executive;
     std::shared_ptr<model::EntityService> m_entityService;
     KFRSmartPointer<model::RootManager> m_entities;
+    KFRSmartPointer<model::Persistence> m_persistence;
+    KFRSmartPointer<selection::DisplayManager> m_display;
+    KFRSmartPointer<selection::SelectionManager> m_selection;
+    KFRSmartPointer<meshing::FEMEntities> m_meshEntities;
 };
 
 }  // namespace vrn::orlo::host::application

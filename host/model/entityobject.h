@@ -11,6 +11,7 @@
 #include "platform/kfr/kfrserviceobject.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -91,6 +92,25 @@ public:
         if (m_service != nullptr) {
             m_service->refresh(handle());
         }
+        return KFR::ok;
+    }
+
+    KFRResult getName(icu::UnicodeString& name) override
+    {
+        KFRAny const* const held = m_properties.find(kNameProperty);
+        std::optional<std::string> const text = held != nullptr ? nameIn(*held) : std::nullopt;
+        if (!text.has_value()) {
+            return m_properties.unknown(label(), kNameProperty);
+        }
+        name = icu::UnicodeString::fromUTF8(*text);
+        return KFR::ok;
+    }
+    /// An entity without a parent; derived classes that have one override it.
+    KFRResult getParent(KFRSmartPointer<appfw::IEntityInterface>&) override { return kNoParent; }
+    /// Not set; display groups override it.
+    KFRResult getFlag(bool& flag) override
+    {
+        flag = false;
         return KFR::ok;
     }
 

@@ -1,16 +1,19 @@
 /// \file
-/// The model that the host holds: parts as objects of the platform, and a reference for everything
-/// that the geometry has.
+/// The model that the host holds: everything in it as objects of the platform.
 
 #pragma once
 
 #include "host/geometry/geometrymodel.h"
-#include "host/model/entityobject.h"
+#include "host/model/assemblytree.h"
 #include "host/model/entityservice.h"
+#include "host/model/geometrystore.h"
+#include "host/model/parts.h"
+#include "host/model/persistence.h"
+#include "host/model/persistentname.h"
+#include "host/model/properties.h"
 #include "host/model/rootmanager.h"
 #include "platform/caedata/caedata.h"
 #include "platform/caedata/entityreference.h"
-#include "platform/kfr/kfrserviceobject.h"
 #include "platform/registry/typeregistry.h"
 
 #include <map>
@@ -21,66 +24,117 @@
 
 namespace vrn::orlo::host::model {
 
-/// A part: the object through which its entities are reached, and an entity itself.
+/// An imported geometry, its parts and their instances, and the materials, sections and behaviours
+/// that were added to it.
 ///
-/// Properties: "name" and "description", texts; "visible"; "color", 0xRRGGBB; "transparency", 0 for
-/// solid to 1 for invisible.
-class Part final : public EntityObjectOf<CAE::IPartInterface> {
-public:
-    /// \param typeId   of parts
-    /// \param number   from 1, in the order of the parts
-    /// \param service  told of changes; may be null
-    Part(std::string name, unsigned int typeId, unsigned int number,
-         std::shared_ptr<EntityService> service);
-
-    /// The part is its own owner.
-    CAE::EntityReference getEntityReference() override;
-    std::string getObjectName() override { return "Part " + m_name; }
-    /// As the geometry has it, whatever the user has made of the property.
-    [[nodiscard]] std::string const& name() const noexcept { return m_name; }
-
-private:
-    std::string m_name;
-};
-
-/// An imported geometry with its parts as objects.
+/// Persistent names begin with the name of the geometry's file, without folder and ending:
 ///
-/// Ownership  Owns the geometry. References keep the part that they name alive, not the model.
+///     bracket                       the model itself
+///     bracket/Part/bolt#2           the second part of that name
+///     bracket/Part/bolt#2/FACE/7    its seventh face
+///     bracket/Instance/rig/bolt     a node of the assembly tree, below the node "rig"
+///     bracket/Material/steel        likewise Section and Behavior
+///
+/// No two objects of a model have the same, and the same file gives the same in every run.
+///
+/// Ownership  Owns the geometry and the objects; the objects never lead back to the model. Objects
+///            that others hold on to are marked deleted when the model goes, of which nobody is
+///            told.
 /// Threads    Main thread.
 class Model {
 public:
-    /// \param types     asked for the ids of the type names, once each
-    /// \param service   told of changes to parts; may be null
-    /// \param entities  made to know the parts; may be null
+    using Entity = EntityService::Entity;
+
+    /// \param types     asked for the ids of the type names
+    /// \param service   told of changes to objects; may be null
+    /// \param entities  made to know the objects and to find those of the geometry; may be null
     Model(geometry::GeometryModel geometry,
           KFR::Services::TypeRegistry::ITypeRegistryInterface& types,
           std::shared_ptr<EntityService> const& service = nullptr, RootManager* entities = nullptr);
+    Model(Model const&) = delete;
+    Model& operator=(Model const&) = delete;
+    ~Model();
 
-    [[nodiscard]] geometry::GeometryModel const& geometry() const noexcept { return m_geometry; }
-    /// In the order of the geometry's parts.
+    [[nodiscard]] geometry::GeometryModel const& geometry() const noexcept
+    {
+        return m_geometry->geometry();
+    }
+    /// Held weakly by services that outlive the model.
+    [[nodiscard]] std::shared_ptr<GeometryStore> const& geometryStore() const noexcept
+    {
+        return m_geometry;
+    }
+    /// The object that stands for the model; its name is that of the file to begin with.
+    [[nodiscard]] KFRSmartPointer<ModelRoot> const& root() const noexcept { return m_root; }
+
+    /// In the order of the geometry's parts, those that were removed among them.
     [[nodiscard]] std::vector<KFRSmartPointer<Part>> const& parts() const noexcept
     {
         return m_parts;
     }
+    /// Of all parts, in the order of the tree.
+    [[nodiscard]] std::vector<KFRSmartPointer<PartInstance>> const& instances() const noexcept
+    {
+        return m_instances;
+    }
+    /// Materials, sections and behaviours, as added.
+    [[nodiscard]] std::vector<Entity> const& properties() const noexcept { return m_properties; }
+
+    /// A topological entity, made at the first question; null for a number that the model does not
+    /// have, or no longer.
+    [[nodiscard]] GeometryStore::Object object(unsigned number) const;
+    /// Null when there is no such object, or no longer.
+    [[nodiscard]] KFRSmartPointer<CAE::IPersistentObjectInterface> byPersistentName(
+        std::string const& name) const;
+
+    /// Failure    std::invalid_argument for an empty name. Names may repeat.
+    KFRSmartPointer<Material> addMaterial(std::string const& name);
+    KFRSmartPointer<SectionProperty> addSection(std::string const& name);
+    KFRSmartPointer<BehaviorProperty> addBehavior(std::string const& name);
+
+    /// Deletes an object with what belongs to it: a part's geometry, mesh bodies and instances, a
+    /// body's faces, edges and vertices, all that stands in an assembly. Told is the going of the
+    /// object and of tree nodes, in one batch.
+    ///
+    /// Failure    kUnknownEntity for null, for what is not of the model, was deleted already, or is
+    ///            the model itself.
+    KFRResult remove(Entity const& entity);
 
     /// Reference of a topological entity: its part as the service, the type of its class, its
-    /// number. The empty reference for a number that the model does not have.
+    /// number. The empty reference for a number that the model does not have. Makes no object.
     [[nodiscard]] CAE::EntityReference reference(unsigned number) const;
 
     /// Reference of a part as such: "Simulation.Part", numbered from 1 in the order of the parts.
     /// The empty reference for an index out of range.
     [[nodiscard]] CAE::EntityReference partReference(std::size_t part) const;
 
-    /// Type name of a node of the assembly tree.
-    /// \param isRoot  whether the node is one of GeometryModel::m_roots
     [[nodiscard]] static std::string_view typeNameOf(geometry::Instance const& node,
-                                                     bool isRoot) noexcept;
+                                                     bool isRoot) noexcept
+    {
+        return model::typeNameOf(node, isRoot);
+    }
 
 private:
-    geometry::GeometryModel m_geometry;
+    template <class Property>
+    KFRSmartPointer<Property> addProperty(std::string const& name);
+    /// Makes an object findable by name and, where there is a manager, by reference.
+    void enter(Entity const& entity);
+    /// The reverse, told to the service.
+    void take(Entity const& entity);
+    void removeBelow(Entity const& entity);
+
+    KFRSmartPointer<KFR::Services::TypeRegistry::ITypeRegistryInterface> m_types;
+    std::shared_ptr<EntityService> m_service;
+    KFRSmartPointer<RootManager> m_entities;
+    KFRSmartPointer<ModelRoot> m_root;
     std::vector<KFRSmartPointer<Part>> m_parts;
-    std::map<geometry::EntityClass, unsigned> m_typeIds;
-    unsigned m_partTypeId;
+    std::vector<KFRSmartPointer<PartInstance>> m_instances;
+    std::vector<Entity> m_properties;
+    unsigned m_lastProperty = 0;
+    std::map<std::string, SiblingNames> m_propertyNames;  // by kind
+    std::map<std::string, Entity> m_byName;               // all but root and geometry
+    std::shared_ptr<GeometryStore> m_geometry;
+    RootManager::Registration m_resolver;  // goes before the store, which it asks
 };
 
 }  // namespace vrn::orlo::host::model

@@ -23,6 +23,8 @@ enum EntityFailure : int {
     kUnknownNotification = 4,
     kUnknownEntity = 5,
     kReferenceTaken = 6,
+    kNoParent = 7,
+    kDeleted = 8,
 };
 
 /// Properties with their values. The kind of a property's start value is the kind of all its

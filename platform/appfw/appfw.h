@@ -62,14 +62,6 @@ class IObjectReferenceUtilitiesInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IObjectReferenceUtilities")
 };
 
-class IEntRefContainerFactoryInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.IEntRefContainerFactory")
-};
-
-class IInterfaceAdapterManagerInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("vrn.orlo.appfw.IInterfaceAdapterManager")
-};
-
 /// Service of the transform plug-in.
 class KFRICommonService : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.KFRICommonService")

@@ -33,12 +33,33 @@ class IEntityNotificationInterface : public KFRIServiceInterface {
     virtual KFRResult notify(std::string const& name, KFRAny const& arguments) = 0;
 };
 
-/// Finds entities.
+/// A list object of entities.
+class IEntityListInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("vrn.orlo.appfw.IEntityList")
+
+    virtual KFRResult getEntities(IEntities& entities) = 0;
+};
+
+/// Finds entities. The same object is the interface adapter manager.
 class IRootManagerInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IRootManager")
 
     /// The entity of a reference; null when there is none.
     virtual KFRSmartPointer<IEntityInterface> getEntity(CAE::EntityReference const& reference) = 0;
+    /// The entity of an object of the object model; null when there is none.
+    virtual KFRSmartPointer<IEntityInterface> getEntityOfObject(KFRIService const& object) = 0;
+    virtual KFRSmartPointer<IEntityListInterface> createEntityList(IEntities const& entities) = 0;
+};
+
+/// What the application takes for the same entity, over the whole of a reference.
+class IInterfaceAdapterManagerInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("vrn.orlo.appfw.IInterfaceAdapterManager")
+
+    virtual bool equals(CAE::EntityReference const& left, CAE::EntityReference const& right) = 0;
+    /// A strict weak order that fits equals.
+    virtual bool lessThan(CAE::EntityReference const& left, CAE::EntityReference const& right) = 0;
+    /// A hash that fits equals.
+    virtual int hashCode(CAE::EntityReference const& reference) = 0;
 };
 
 }  // namespace vrn::orlo::appfw

@@ -3,24 +3,131 @@
 
 #pragma once
 
+#include "platform/caedata/entityreference.h"
 #include "platform/caedata/guiddata.h"
 #include "platform/kfr/kfrresult.h"
+#include "platform/kfr/kfrsequence.h"
 #include "platform/kfr/kfrsmartpointer.h"
 
 #include <unicode/unistr.h>
 
+#include <string>
+
 namespace KFR::PersistenceFW::CAEData {
 
+class IElementInterface;
+class IGeomBodyInterface;
+class IGeometryInterface;
+class IInstanceInterface;
+class IMeshBodyInterface;
+class IMeshInterface;
+
 /// Anything that is kept in a model.
+///
+/// Failure    Here and below: what is not there is a failure, with the last argument as it was.
 class IPersistentObjectInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IPersistentObject")
 
     virtual KFRResult getIdentifier(GUIDDATA& identifier) = 0;
+    /// The object that contains this one.
+    virtual KFRResult getParent(KFRSmartPointer<IPersistentObjectInterface>& parent) = 0;
 };
+
+using IGeometrySequence = KFRSequence<KFRSmartPointer<IGeometryInterface>>;
+using IGeomBodySequence = KFRSequence<KFRSmartPointer<IGeomBodyInterface>>;
+using IInstanceSequence = KFRSequence<KFRSmartPointer<IInstanceInterface>>;
+using IMeshSequence = KFRSequence<KFRSmartPointer<IMeshInterface>>;
+using IMeshBodySequence = KFRSequence<KFRSmartPointer<IMeshBodyInterface>>;
 
 class IPartInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IPart")
+
+    virtual KFRResult getMeshBodies(IMeshBodySequence& bodies) = 0;
+    /// The places where the part stands, in the order of the assembly.
+    virtual KFRResult getInstances(IInstanceSequence& instances) = 0;
 };
+
+using IPartSequence = KFRSequence<KFRSmartPointer<IPartInterface>>;
+
+/// A part or an assembly in its place.
+class IInstanceInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IInstance")
+
+    /// What stands there: a part or an assembly.
+    virtual KFRResult getReferenceObject(KFRSmartPointer<IPersistentObjectInterface>& object) = 0;
+};
+
+/// A body, volume, face, edge or vertex.
+class IGeometryInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IGeometry")
+
+    /// A name that is the same after the same file has been read again.
+    virtual KFRResult getPersistentName(std::string& name) = 0;
+    /// The body that the geometry belongs to; a body's own is itself.
+    virtual KFRResult getOwningBody(KFRSmartPointer<IGeometryInterface>& body) = 0;
+    /// The entity that displays the geometry, and the geometry's number within it.
+    virtual KFRResult getDisplayEntity(EntityReference& entity, unsigned int& number) = 0;
+};
+
+/// A body. The object is an IGeometryInterface as well.
+class IGeomBodyInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IGeomBody")
+
+    virtual KFRResult getMeshBodies(IMeshBodySequence& bodies) = 0;
+};
+
+/// The mesh of a body.
+class IMeshBodyInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IMeshBody")
+
+    /// The meshes of a type.
+    virtual KFRResult getMeshes(unsigned int typeId, IMeshSequence& meshes) = 0;
+    /// \param id    external id where `flag` is true, local number where it is false
+    virtual KFRResult getElement(unsigned long long id, KFRSmartPointer<IElementInterface>& element,
+                                 bool flag) = 0;
+};
+
+/// Elements of one dimension.
+class IMeshInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IMesh")
+
+    virtual KFRResult getDimension(unsigned char& dimension) = 0;
+    virtual KFRResult getMeshBody(KFRSmartPointer<IMeshBodyInterface>& body) = 0;
+};
+
+/// A finite-element mesh; the object is an IMeshInterface as well.
+class IFEMeshInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IFEMesh")
+};
+
+class IElementInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IElement")
+
+    /// The external id, which the user and the solver see.
+    virtual KFRResult getId(unsigned long long& id) = 0;
+    /// The local number, which references carry.
+    virtual KFRResult getNumber(int& number) = 0;
+    virtual KFRResult getNodeCount(int& count) = 0;
+    /// 0 line, 1 triangle, 2 quadrilateral, any other a solid.
+    virtual KFRResult getShape(int& shape) = 0;
+    virtual KFRResult getMesh(KFRSmartPointer<IMeshInterface>& mesh) = 0;
+};
+
+class IMaterialInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IMaterial")
+};
+
+class ISectionPropertyInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.ISectionProperty")
+};
+
+class IBehaviorPropertyInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IBehaviorProperty")
+};
+
+using IMaterialSequence = KFRSequence<KFRSmartPointer<IMaterialInterface>>;
+using ISectionPropertySequence = KFRSequence<KFRSmartPointer<ISectionPropertyInterface>>;
+using IBehaviorPropertySequence = KFRSequence<KFRSmartPointer<IBehaviorPropertyInterface>>;
 
 class IModelInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IModel")
@@ -43,22 +150,6 @@ class IPFWInterface : public KFRIServiceInterface {
     /// Fails, with `model` as it was, for a name that no open model has.
     virtual KFRResult getModelByName(icu::UnicodeString const& name,
                                      KFRSmartPointer<IModelInterface>& model) = 0;
-};
-
-/// A list of references that packs them: containers, each named by its owner's reference, and in a
-/// container a sequence of ids per type. The form for reading.
-class IEntityReferenceConstListInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IEntityReferenceConstList")
-};
-
-/// The form that can be added to.
-class IEntityReferenceListInterface : public IEntityReferenceConstListInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IEntityReferenceList")
-    using Extends = IEntityReferenceConstListInterface;
-};
-
-class IEntityReferenceListFactoryInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IEntityReferenceListFactory")
 };
 
 }  // namespace KFR::PersistenceFW::CAEData

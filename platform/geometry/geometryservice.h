@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "platform/caedata/entityreference.h"
 #include "platform/gsc/geometryserver.h"
 #include "platform/kfr/kfrresult.h"
 #include "platform/kfr/kfrsmartpointer.h"
+
+#include <string>
 
 namespace vrn::orlo::plugin::geometry {
 
@@ -24,7 +27,27 @@ class KFRIGeomCommonService : public KFRIServiceInterface {
     virtual KFRResult getProgress(KFRIService& progress) = 0;
 };
 
-/// The name that newer callers use.
-using IGeometryCommonService = KFRIGeomCommonService;
+/// Displays geometry.
+class IGeometryDisplayServiceInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("vrn.orlo.plugin.geometry.IGeometryDisplayService")
+
+    /// The reference under which the display knows a sub-entity.
+    /// \param entity  the displayed entity; `number` counts within it
+    virtual KFRResult getDisplayReference(CAE::EntityReference const& entity, unsigned int number,
+                                          CAE::EntityReference& reference) = 0;
+};
+
+/// Names and display of geometry. The object is a KFRIGeomCommonService as well.
+///
+/// Failure    What is not there: a failure, with the last argument as it was.
+class IGeometryCommonServiceInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("vrn.orlo.plugin.geometry.IGeometryCommonService")
+
+    /// The reference of a geometry by its persistent name.
+    virtual KFRResult getReferenceByName(std::string const& name,
+                                         CAE::EntityReference& reference) = 0;
+    virtual KFRResult getDisplayService(
+        KFRSmartPointer<IGeometryDisplayServiceInterface>& service) = 0;
+};
 
 }  // namespace vrn::orlo::plugin::geometry

@@ -8,6 +8,7 @@
 #include "tests/support/commandfakes.h"
 #include "tests/support/fakeunits.h"
 #include "tests/support/matchers.h"
+#include "tests/support/modelfakes.h"
 #include "tests/support/platformscope.h"
 
 #include <gmock/gmock.h>
@@ -35,9 +36,12 @@ void fillHolder()
     fillPlain(Holder::DOMParser_, Holder::studyEntityFactory_, Holder::pluginMgr_,
               Holder::pivotManager_, Holder::objectPropertiesManager_,
               Holder::entityAssociationManager_, Holder::colorManager_, Holder::typeBuffer_,
-              Holder::metaDataManager_, Holder::entRefUtil_, Holder::entRefListFactory_,
-              Holder::eomObjectFactory_, Holder::entRefContainerFactory_, Holder::adapterManager_,
-              Holder::entRefFactory_);
+              Holder::metaDataManager_, Holder::entRefUtil_);
+    Holder::entRefListFactory_ = KFR::make<test::FakeModelServices>();
+    Holder::eomObjectFactory_ = KFR::make<test::FakeModelServices>();
+    Holder::entRefContainerFactory_ = KFR::make<test::FakeModelServices>();
+    Holder::adapterManager_ = KFR::make<test::FakeModelServices>();
+    Holder::entRefFactory_ = KFR::make<test::FakeModelServices>();
     Holder::transactionBrokerFactory_ = KFR::make<test::FakeTransactionBroker>();
     Holder::undoRedoFactory_ = KFR::make<test::FakeUndoRedoFactory>();
     Holder::trashBinFactory_ = KFR::make<test::FakeTrashBinFactory>();

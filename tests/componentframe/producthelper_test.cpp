@@ -38,6 +38,13 @@ public:
         identifier = m_identifier;
         return KFR::ok;
     }
+    KFRResult getParent(KFRSmartPointer<CAE::IPersistentObjectInterface>&) override
+    {
+        return KFR::notDone;
+    }
+    KFRResult getMeshBodies(CAE::IMeshBodySequence&) override { return KFR::notDone; }
+    KFRResult getInstances(CAE::IInstanceSequence&) override { return KFR::notDone; }
+    KFRResult getInstances(KFR::EOM::IEOMInstanceSequence&) override { return KFR::notDone; }
     CAE::EntityReference getEntityReference() override { return {}; }
     KFRResult setProperty(std::string const&, KFRAny const&) override { return KFR::notDone; }
     KFRResult getProperty(std::string const&, KFRAny&) override { return KFR::notDone; }

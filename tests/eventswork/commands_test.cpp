@@ -19,6 +19,13 @@
 namespace vrn::orlo::plugin::modeling {
 namespace {
 
+class BaseEntity final : public KFRServiceObjectImpl<IBaseEntityInterface> {
+public:
+    KFRResult getName(icu::UnicodeString&) override { return KFR::notDone; }
+    KFRResult getParent(KFRSmartPointer<IEntityInterface>&) override { return KFR::notDone; }
+    KFRResult getFlag(bool&) override { return KFR::notDone; }
+};
+
 using appfw::CmdOptions;
 using appfw::CmdParameters;
 using test::PlatformScope;
@@ -293,7 +300,7 @@ TEST(CreateEntity, GivesTheEntityThatTheCommandReturned)
         command->returnValue = other;
         EXPECT_THAT(helper.create(DataBunch()), test::IsNullHandle());
     }
-    auto const entity = test::makePlain<IBaseEntityInterface>();
+    auto const entity = KFR::make<BaseEntity>();
     command->returnValue <<= entity;
     EXPECT_THAT(helper.create({{"b", 2}, {"a", 1}}), test::IsObject(KFRIService(entity)));
     EXPECT_THAT(textOf(command->runs.back()), ElementsAre("a=1", "b=2"));

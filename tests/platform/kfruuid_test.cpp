@@ -1,6 +1,7 @@
 #include "platform/kfr/kfruuid.h"
 
 #include "platform/caedata/caedata.h"
+#include "platform/caedata/entityreferencelist.h"
 #include "platform/kfr/kfrconfiguration.h"
 #include "platform/kfr/kfreventmanager.h"
 #include "platform/kfr/kfrframework.h"

@@ -152,6 +152,14 @@ public:
     {
         return entities[reference.id];
     }
+    KFRSmartPointer<appfw::IEntityInterface> getEntityOfObject(KFRIService const&) override
+    {
+        return {};
+    }
+    KFRSmartPointer<appfw::IEntityListInterface> createEntityList(appfw::IEntities const&) override
+    {
+        return {};
+    }
 };
 
 class FakeSession final : public KFRServiceObjectImpl<CAE::IPersistenceSessionInterface> {

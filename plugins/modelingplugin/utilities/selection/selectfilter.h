@@ -14,6 +14,7 @@
 #include <unicode/unistr.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace vrn::orlo::plugin::modeling {
@@ -57,6 +58,61 @@ public:
     /// The first id of the kind; 0 for a kind that has none. Enters nothing.
     static unsigned int getTypeID(SelectFilterType const& type);
 
+    // What may be picked. "multi" allows several picks at once. Each of these assumes that there is
+    // a pick filter manager, but for setContiguousPickFlag.
+
+    /// Allows the types of these kinds, in order; a kind without types adds none.
+    void setFilter(SelectFilterType const* types, int count, bool multi);
+    /// The same, with the types of one kind switched on.
+    void setFilter(SelectFilterType const* types, int count, bool multi, SelectFilterType active);
+    void setFilter(SelectFilterType type, bool multi);
+    /// \param active  type ids that are switched on
+    void setFilterByTypeID(KFRSequence<unsigned int> const& ids, bool multi,
+                           KFRSequence<unsigned int>& active);
+    /// The same for a tool on all bodies of dimension 2 and 3, which are switched on. Enters their
+    /// types into the table, anew at each call.
+    void setFilterWithDefault2D3DBodies(SelectFilterType const* types, int count, bool multi);
+
+    /// Opens a stage of a tool.
+    /// \param types  values of SelectFilterType
+    void initStageFilter(KFRSequence<unsigned int> types, bool multi, std::string stageName);
+    void initStageFilterByID(KFRSequence<unsigned int> ids, bool multi, std::string stageName);
+    /// \param overwritable  ids that the user may replace; negative afterwards
+    void initStageFilterByID(KFRSequence<unsigned int> ids, bool multi,
+                             KFRSequence<unsigned int>& overwritable, std::string stageName);
+    /// Opens a stage and keeps of what the user had switched on what the stage still allows.
+    void initStageFilterWithOverwritableTargets(KFRSequence<unsigned int> const& ids,
+                                                bool const& multi,
+                                                KFRSequence<unsigned int>& overwritable,
+                                                std::string stageName);
+    void initStageFilterWithOverwritableTargets(KFRSequence<unsigned int> const& ids,
+                                                bool const& multi, std::string stageName);
+    void clearFilters();
+
+    /// Appends all targets, without their signs.
+    void getPickTargets(KFRSequence<unsigned int>& out);
+    /// The targets that are in force; where there are none, all with their signs.
+    void getPickTargetTypes(KFRSequence<unsigned int>& out);
+    /// The targets that the user has in force.
+    void getUserHierarchies(KFRSequence<unsigned int>& out);
+    /// Stores the user's choice.
+    void setUserHierarchies(KFRSequence<unsigned int>& ids);
+
+    void setContiguousPickFlag(bool contiguous);
+    void setMulitSelectionWithoutChangePickingFilter(bool multi);
+    /// \param clearHighlight  also takes back the highlights of picks
+    void setPickMode(bool multi, ddm::SelectionChangeMode mode, bool clearHighlight);
+    /// Takes all highlights back. OK without a display.
+    KFRResult cleanHightlights();
+
+    /// Tells the geometry plug-in to show or hide vertices.
+    static KFRResult showHideVertex(bool show);
+    /// Tells the FEM plug-in whether nodes are to be seen.
+    /// \param refresh  reads the setting anew; otherwise what was read last counts
+    KFRResult showNode(bool refresh);
+    /// The FEM plug-in's setting "Nodes"; false without one.
+    static bool getNodesVisibility();
+
     /// How many kinds the table holds, those that were entered empty among them.
     [[nodiscard]] std::size_t tableSize() const noexcept
     {
@@ -69,6 +125,13 @@ private:
     SelectFilter() = default;
     void initialize();
     [[nodiscard]] static Table buildTable();
+    void appendIds(SelectFilterType type, KFRSequence<unsigned int>& ids) const;
+    [[nodiscard]] KFRSequence<unsigned int> idsOf(SelectFilterType const* types, int count) const;
+    void setPickFilter(KFRSequence<unsigned int> const& allowed,
+                       KFRSequence<unsigned int> const& active, bool multi);
+    void initStage(KFRSequence<unsigned int> const& allowed,
+                   KFRSequence<unsigned int> const& overwritable, bool multi,
+                   std::string const& stageName);
 
     KFRSmartPointer<ddm::KFRIDisplay3DDataManager> m_displayManager;
     KFRSmartPointer<appfw::ISelectionManagerInterface> m_selectionManager;

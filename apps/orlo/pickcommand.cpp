@@ -1,0 +1,116 @@
+#include "apps/orlo/pickcommand.h"
+
+#include "apps/orlo/console.h"
+#include "apps/orlo/pickfilters.h"
+#include "apps/orlo/picksource.h"
+#include "apps/orlo/session.h"
+#include "apps/orlo/usageerror.h"
+#include "plugins/modelingplugin/utilities/selection/selectfilter.h"
+#include "plugins/modelingplugin/utilities/selection/selectiondivider.h"
+
+#include <array>
+#include <cstdio>
+
+namespace vrn::orlo::app {
+
+namespace {
+
+using plugin::modeling::SelectFilter;
+using plugin::modeling::SelectionDivider;
+
+constexpr char const* kStage = "orlo.pick";
+
+void checkCount(std::vector<double> const& values, std::size_t count, char const* option,
+                char const* form)
+{
+    if (!values.empty() && values.size() != count) {
+        throw UsageError(std::string(option) + ": give " + form);
+    }
+}
+
+void check(PickOptions const& options)
+{
+    checkCount(options.m_at, 3, "--at", "x,y,z");
+    checkCount(options.m_box, 6, "--box", "x,y,z,x,y,z of two corners");
+    checkCount(options.m_normal, 3, "--normal", "x,y,z");
+    checkCount(options.m_area, 2, "--area", "the least and the greatest area in mm2");
+    bool const hasCriterion = options.m_all || !options.m_at.empty() || !options.m_box.empty() ||
+                              !options.m_normal.empty() || !options.m_area.empty() ||
+                              !options.m_name.empty() || !options.m_ids.empty();
+    if (!hasCriterion) {
+        throw UsageError(
+            "nothing says what to pick: give --all, --at, --box, --normal, --area, "
+            "--name or --id");
+    }
+}
+
+/// Opens the stage as a tool would. \return the names, for the report
+std::string openStage(PickOptions const& options)
+{
+    std::string names;
+    KFRSequence<unsigned int> types;
+    for (std::string const& filter : options.m_filters) {
+        types.append(static_cast<unsigned int>(filterOf(filter)));
+        names.append(names.empty() ? "" : ", ").append(filter);
+    }
+    SelectFilter::instance()->initStageFilter(types, !options.m_single, kStage);
+    return names;
+}
+
+void printBucket(char const* name, CAE::EntityReferenceSequence const& bucket, PickSource& source)
+{
+    std::printf("  %-10s %zu\n", name, bucket.size());
+    for (CAE::EntityReference const& reference : bucket) {
+        std::printf("    %s\n", source.describe(reference).c_str());
+    }
+}
+
+void printBuckets(SelectionDivider const& divider, PickSource& source)
+{
+    std::printf("divided\n");
+    printBucket("parts", divider.parts(), source);
+    printBucket("bodies", divider.bodies(), source);
+    printBucket("meshes", divider.meshes(), source);
+    printBucket("elements", divider.elements(), source);
+    printBucket("geometries", divider.geometries(), source);
+}
+
+}  // namespace
+
+int pick(PickOptions const& options, SessionOptions const& sessionOptions)
+{
+    check(options);
+    for (std::string const& filter : options.m_filters) {
+        static_cast<void>(filterOf(filter));  // before a large file is read
+    }
+    Session session(sessionOptions);
+    std::unique_ptr<PickSource> const source = openPickSource(session, options.m_file);
+    std::string const names = openStage(options);
+
+    auto& selection = session.application().selection();
+    CAE::EntityReferenceSequence const hits = source->hits(options, selection.pickFilters());
+    selection.pick(hits, ddm::SelectionChangeMode::replace);
+    CAE::EntityReferenceSequence const picked = selection.selectionOf(kStage);
+    std::printf("stage %s: %s\n", kStage, names.c_str());
+    std::printf("hit %zu, picked %zu\n", hits.size(), picked.size());
+    int status = kDone;
+    if (picked.empty()) {
+        reportError("the pick hits nothing of these kinds; widen the criteria or the filter");
+        status = kModelRefused;
+    } else {
+        CAE::EntityReferenceSequence const madeUp = source->madeUp(picked);
+        std::printf("made up %zu references\n", madeUp.size());
+        SelectionDivider const divider(picked);
+        printBuckets(divider, *source);
+        std::size_t const fitted = divider.parts().size() + divider.bodies().size() +
+                                   divider.meshes().size() + divider.elements().size() +
+                                   divider.geometries().size();
+        if (fitted < picked.size()) {
+            std::printf("  %zu fit no bucket\n", picked.size() - fitted);
+        }
+    }
+    SelectFilter::instance()->clearFilters();
+    return status;
+}
+
+}  // namespace vrn::orlo::app

@@ -1,0 +1,60 @@
+/// \file
+/// Mesh files for tests: real ones from the shared folder, and texts.
+
+#pragma once
+
+#include "host/meshing/abaqusreader.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+namespace vrn::orlo::host::meshing {
+
+/// Tests on real files: skipped, with a loud line, where the shared folder is missing.
+class RealMesh : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!std::filesystem::exists(ORLO_SHARED_DATA)) {
+            GTEST_SKIP() << "REAL FILES NOT TESTED: there is no folder " << ORLO_SHARED_DATA;
+        }
+    }
+    [[nodiscard]] static std::filesystem::path meshFile(std::string const& name)
+    {
+        return std::filesystem::path(ORLO_SHARED_DATA) / "mesh" / name;
+    }
+};
+
+/// A folder of its own for each test, removed at the end.
+class WithMeshFolder : public ::testing::Test {
+protected:
+    WithMeshFolder()
+    {
+        auto const* const test = ::testing::UnitTest::GetInstance()->current_test_info();
+        m_folder = std::filesystem::path(::testing::TempDir()) /
+                   (std::string("meshing_") + test->test_suite_name() + "." + test->name());
+        std::filesystem::remove_all(m_folder);
+        std::filesystem::create_directories(m_folder);
+    }
+    ~WithMeshFolder() override
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    [[nodiscard]] std::filesystem::path const& folder() const { return m_folder; }
+    std::filesystem::path write(std::string const& name, std::string const& content) const
+    {
+        std::ofstream(m_folder / name, std::ios::binary) << content;
+        return m_folder / name;
+    }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+}  // namespace vrn::orlo::host::meshing

@@ -128,6 +128,7 @@ int main(int argc, char** argv)
         ->allow_extra_args(false);
     pick->add_option("--grow", pickOptions.m_grow,
                      "Go on over neighbouring faces up to this angle, in degrees");
+    pick->add_option("--limit", pickOptions.m_limit, "Lines per kind of pick (default: 20)");
     pick->add_flag("--single", pickOptions.m_single, "Allow one pick only");
 
     app::SpectrumOptions spectrumOptions;

@@ -5,9 +5,12 @@
 #include "apps/orlo/picksource.h"
 #include "apps/orlo/session.h"
 #include "apps/orlo/usageerror.h"
+#include "plugins/modelingplugin/utilities/identity/entconvert.h"
 #include "plugins/modelingplugin/utilities/selection/selectfilter.h"
+#include "plugins/modelingplugin/utilities/selection/selectionbuffer.h"
 #include "plugins/modelingplugin/utilities/selection/selectiondivider.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -15,7 +18,9 @@ namespace vrn::orlo::app {
 
 namespace {
 
+using plugin::modeling::EntConvert;
 using plugin::modeling::SelectFilter;
+using plugin::modeling::SelectionBuffer;
 using plugin::modeling::SelectionDivider;
 
 constexpr char const* kStage = "orlo.pick";
@@ -57,22 +62,40 @@ std::string openStage(PickOptions const& options)
     return names;
 }
 
-void printBucket(char const* name, CAE::EntityReferenceSequence const& bucket, PickSource& source)
-{
-    std::printf("  %-10s %zu\n", name, bucket.size());
-    for (CAE::EntityReference const& reference : bucket) {
-        std::printf("    %s\n", source.describe(reference).c_str());
-    }
-}
+using Bucket = CAE::EntityReferenceSequence const& (SelectionDivider::*)() const;
 
-void printBuckets(SelectionDivider const& divider, PickSource& source)
+struct BucketRow {
+    char const* m_name;
+    Bucket m_bucket;
+};
+
+constexpr std::array kBuckets{BucketRow{"parts", &SelectionDivider::parts},
+                              BucketRow{"bodies", &SelectionDivider::bodies},
+                              BucketRow{"meshes", &SelectionDivider::meshes},
+                              BucketRow{"elements", &SelectionDivider::elements},
+                              BucketRow{"geometries", &SelectionDivider::geometries},
+                              BucketRow{"materials", &SelectionDivider::materials},
+                              BucketRow{"sections", &SelectionDivider::sections},
+                              BucketRow{"behaviors", &SelectionDivider::behaviors}};
+
+void printBuckets(SelectionDivider const& divider, std::size_t picked, std::size_t limit,
+                  PickSource& source)
 {
     std::printf("divided\n");
-    printBucket("parts", divider.parts(), source);
-    printBucket("bodies", divider.bodies(), source);
-    printBucket("meshes", divider.meshes(), source);
-    printBucket("elements", divider.elements(), source);
-    printBucket("geometries", divider.geometries(), source);
+    for (BucketRow const& row : kBuckets) {
+        auto const& bucket = (divider.*row.m_bucket)();
+        picked -= bucket.size();
+        std::printf("  %-10s %zu\n", row.m_name, bucket.size());
+        for (std::size_t i = 0; i < std::min(bucket.size(), limit); ++i) {
+            std::printf("    %s\n", source.describe(bucket[i]).c_str());
+        }
+        if (bucket.size() > limit) {
+            std::printf("    and %zu more (--limit)\n", bucket.size() - limit);
+        }
+    }
+    if (picked != 0) {
+        std::printf("  %zu fit no bucket\n", picked);
+    }
 }
 
 }  // namespace
@@ -98,16 +121,13 @@ int pick(PickOptions const& options, SessionOptions const& sessionOptions)
         reportError("the pick hits nothing of these kinds; widen the criteria or the filter");
         status = kModelRefused;
     } else {
-        CAE::EntityReferenceSequence const madeUp = source->madeUp(picked);
-        std::printf("made up %zu references\n", madeUp.size());
-        SelectionDivider const divider(picked);
-        printBuckets(divider, *source);
-        std::size_t const fitted = divider.parts().size() + divider.bodies().size() +
-                                   divider.meshes().size() + divider.elements().size() +
-                                   divider.geometries().size();
-        if (fitted < picked.size()) {
-            std::printf("  %zu fit no bucket\n", picked.size() - fitted);
-        }
+        std::printf("made up %zu references\n", source->madeUp(picked).size());
+        // Kept under the stage's name, as a tool keeps it for its next step.
+        SelectionBuffer& buffer = *SelectionBuffer::instance();
+        buffer.setSelectionList(kStage, EntConvert().toOrderEntRefList(picked));
+        SelectionDivider const divider(buffer.getSelectionList(kStage));
+        buffer.popSelectionList(kStage);
+        printBuckets(divider, picked.size(), options.m_limit, *source);
     }
     SelectFilter::instance()->clearFilters();
     return status;

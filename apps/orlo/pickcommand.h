@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -30,6 +30,7 @@ struct PickOptions {
     std::string m_name;                     ///< Of a part or an instance; of a set in a mesh.
     std::vector<unsigned long long> m_ids;  ///< Numbers of entities; external ids of elements.
     std::optional<double> m_grow;           ///< Goes on over faces up to this angle.
+    std::size_t m_limit = 20;               ///< Lines per bucket.
     bool m_single = false;                  ///< Only one pick is allowed.
 };
 

@@ -3,6 +3,7 @@
 #include "apps/orlo/loadmodel.h"
 #include "apps/orlo/picksource.h"
 #include "apps/orlo/usageerror.h"
+#include "apps/orlo/valuetext.h"
 #include "host/geometry/geometrypicker.h"
 #include "platform/kfr/numbertext.h"
 #include "plugins/modelingplugin/utilities/identity/entconvert.h"
@@ -10,6 +11,7 @@
 #include "plugins/modelingplugin/utilities/selection/selectionmakeup.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 #include <optional>
@@ -41,16 +43,6 @@ constexpr std::array kClasses{
 std::array<double, 3> tripleOf(std::vector<double> const& values)
 {
     return {values[0], values[1], values[2]};
-}
-
-std::string textOf(std::array<double, 3> const& point)
-{
-    // Rounded for people: what is left of a sine is no coordinate.
-    auto const rounded = [](double value) {
-        constexpr double kDigits = 1e6;
-        return KFR::numberText(std::round(value * kDigits) / kDigits + 0.0);
-    };
-    return "(" + rounded(point[0]) + ", " + rounded(point[1]) + ", " + rounded(point[2]) + ")";
 }
 
 /// The numbers that stand in both; in the first one's order.

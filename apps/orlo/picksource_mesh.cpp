@@ -3,7 +3,7 @@
 #include "apps/orlo/console.h"
 #include "apps/orlo/picksource.h"
 #include "apps/orlo/usageerror.h"
-#include "platform/kfr/numbertext.h"
+#include "apps/orlo/valuetext.h"
 #include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
 #include "plugins/modelingplugin/utilities/selection/selectionmakeup.h"
 
@@ -103,10 +103,8 @@ public:
         MeshStore const& store = partOf(reference)->meshBody()->store();
         std::string text = std::to_string(store.elements().idOf(reference.id)) + " ";
         EntityTypeID::nameOf(reference.typeId).toUTF8String(text);
-        Vector const middle = middleOf(store, reference.id);
-        return text + " " + store.typeNameOf(reference.id) + " of " + store.name() + ", at (" +
-               KFR::numberText(middle[0]) + ", " + KFR::numberText(middle[1]) + ", " +
-               KFR::numberText(middle[2]) + ")";
+        return text + " " + store.typeNameOf(reference.id) + " of " + store.name() + ", at " +
+               textOf(middleOf(store, reference.id));
     }
 
 private:

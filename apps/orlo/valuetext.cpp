@@ -7,6 +7,7 @@
 #include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <system_error>
 
@@ -141,6 +142,15 @@ std::string textOf(KFRAny const& value)
         default:
             return "?";
     }
+}
+
+std::string textOf(std::array<double, 3> const& point)
+{
+    auto const rounded = [](double value) {
+        constexpr double kDigits = 1e6;
+        return KFR::numberText(std::round(value * kDigits) / kDigits + 0.0);
+    };
+    return "(" + rounded(point[0]) + ", " + rounded(point[1]) + ", " + rounded(point[2]) + ")";
 }
 
 std::optional<KFRAny> valueOf(std::string_view text, KFRAny const& like)

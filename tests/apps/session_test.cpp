@@ -2,6 +2,7 @@
 
 #include "apps/orlo/session.h"
 
+#include "apps/orlo/loadmodel.h"
 #include "host/model/entityobject.h"
 #include "host/shell/atmousepanel.h"
 #include "platform/appfw/guiexecutive.h"
@@ -12,6 +13,7 @@
 #include "plugins/modelingplugin/utilities/componentframe/modelingsettingkeys.h"
 #include "plugins/modelingplugin/utilities/componentframe/pluginenv.h"
 #include "plugins/modelingplugin/utilities/componentframe/producthelper.h"
+#include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "plugins/modelingplugin/utilities/eventswork/cmdinvoker.h"
 #include "plugins/modelingplugin/utilities/eventswork/editentityhelper.h"
 #include "plugins/modelingplugin/utilities/eventswork/eventhandler.h"
@@ -19,6 +21,7 @@
 #include "plugins/modelingplugin/utilities/eventswork/plugineventmanager.h"
 #include "plugins/modelingplugin/utilities/eventswork/scopewait.h"
 #include "plugins/modelingplugin/utilities/eventswork/workitemmanager.h"
+#include "plugins/modelingplugin/utilities/identity/pluginhelper.h"
 #include "tests/support/temporaryfolder.h"
 
 #include <gmock/gmock.h>
@@ -233,6 +236,22 @@ TEST_F(OnTheRealHost, TheAtMousePanelShowsAndClears)
     EXPECT_FALSE(application().atMousePanel().instruction().has_value());
     EXPECT_FALSE(application().atMousePanel().errorInstruction().has_value());
     ::testing::internal::GetCapturedStderr();
+}
+
+TEST(ModelsOfTheHost, LeadFromWhatAReferenceNamesToItsPart)
+{
+    Session session;
+    auto const model = loadModel(session, std::string(ORLO_BRACKET) + "/bracket.step");
+    EXPECT_EQ(ServiceHelper::getCurrentModel(), KFRIService(model->root()));
+    auto const& bolt = model->parts()[2];
+    unsigned const body = model->geometry().entitiesOf(2).front().m_number;
+    EXPECT_EQ(PluginHelper::getPart(model->reference(body)), KFRIService(bolt));
+    auto const instance =
+        PluginHelper::getPartInstancebyPart(PluginHelper::getPart(bolt->getEntityReference()));
+    ASSERT_NE(instance, KFR::NULLSP);
+    auto const entity = KFR::loose_cast<appfw::IEntityInterface>(instance);
+    EXPECT_EQ(PluginHelper::getPart(entity->getEntityReference()), KFRIService(bolt));
+    EXPECT_EQ(PluginHelper::getPart(CAE::EntityReference()), KFR::NULLSP);
 }
 
 TEST(BoxesOfTheHost, AnswerFromTheScriptWhereSomebodyIsToAnswer)

@@ -1,5 +1,8 @@
 #include "plugins/modelingplugin/utilities/identity/pluginhelper.h"
 
+#include "platform/appfw/entity.h"
+#include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
+
 namespace vrn::orlo::plugin::modeling {
 
 using KFR::NULLSP;
@@ -21,6 +24,35 @@ PersistentObject PluginHelper::getPart(PersistentObject const& object)
 PersistentObject PluginHelper::getPart(KFRSmartPointer<CAE::IMeshBodyInterface> const& body)
 {
     return getPart(KFR::loose_cast<CAE::IPersistentObjectInterface>(body));
+}
+
+PersistentObject PluginHelper::getPart(CAE::EntityReference const& reference)
+{
+    auto const manager = ServiceHelper::getRootManager();
+    auto const entity = manager != NULLSP ? manager->getEntity(reference)
+                                          : KFRSmartPointer<appfw::IEntityInterface>();
+    if (auto const instance = KFR::loose_cast<CAE::IInstanceInterface>(entity);
+        instance != NULLSP) {
+        PersistentObject placed;
+        static_cast<void>(instance->getReferenceObject(placed));
+        return getPart(placed);
+    }
+    // Elements and nodes are no entities of their own: their owner says where they are.
+    auto const object = KFR::loose_cast<CAE::IPersistentObjectInterface>(entity);
+    return getPart(object != NULLSP
+                       ? object
+                       : KFR::loose_cast<CAE::IPersistentObjectInterface>(reference.service));
+}
+
+KFRSmartPointer<CAE::IInstanceInterface> PluginHelper::getPartInstancebyPart(
+    PersistentObject const& part)
+{
+    auto const placed = KFR::loose_cast<CAE::IPartInterface>(part);
+    CAE::IInstanceSequence instances;
+    if (placed == NULLSP || !placed->getInstances(instances).isOk() || instances.empty()) {
+        return {};
+    }
+    return instances[0];
 }
 
 }  // namespace vrn::orlo::plugin::modeling

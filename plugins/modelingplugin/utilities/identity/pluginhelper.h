@@ -22,6 +22,13 @@ public:
         KFRSmartPointer<CAE::IPersistentObjectInterface> const& object);
     static KFRSmartPointer<CAE::IPersistentObjectInterface> getPart(
         KFRSmartPointer<CAE::IMeshBodyInterface> const& body);
+    /// The part that holds what a reference names; of an instance the part that it places.
+    static KFRSmartPointer<CAE::IPersistentObjectInterface> getPart(
+        CAE::EntityReference const& reference);
+
+    /// The first place where a part stands.
+    static KFRSmartPointer<CAE::IInstanceInterface> getPartInstancebyPart(
+        KFRSmartPointer<CAE::IPersistentObjectInterface> const& part);
 };
 
 }  // namespace vrn::orlo::plugin::modeling

@@ -4,6 +4,7 @@
 #include "platform/eom/eom.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "plugins/modelingplugin/utilities/identity/entconvert.h"
+#include "plugins/modelingplugin/utilities/identity/pluginhelper.h"
 #include "plugins/modelingplugin/utilities/selection/selectfilter.h"
 
 #include <unordered_map>
@@ -51,12 +52,8 @@ KFRSmartPointer<IEntityInterface> entityOf(CAE::EntityReference const& reference
 /// The first place where a part stands.
 KFRSmartPointer<IEntityInterface> firstInstanceOf(CAE::EntityReference const& reference)
 {
-    auto const part = KFR::loose_cast<CAE::IPartInterface>(entityOf(reference));
-    CAE::IInstanceSequence instances;
-    if (part == NULLSP || !part->getInstances(instances).isOk() || instances.empty()) {
-        return {};
-    }
-    return KFR::strict_cast<IEntityInterface>(instances[0]);
+    return KFR::strict_cast<IEntityInterface>(PluginHelper::getPartInstancebyPart(
+        KFR::loose_cast<CAE::IPersistentObjectInterface>(entityOf(reference))));
 }
 
 /// The objects of a bucket that are of a kind, each by way of its entity.

@@ -1,7 +1,7 @@
 #include "plugins/modelingplugin/utilities/eventswork/editentityhelper.h"
 
-#include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 #include "plugins/modelingplugin/utilities/eventswork/cmdinvoker.h"
+#include "plugins/modelingplugin/utilities/identity/entconvert.h"
 
 namespace vrn::orlo::plugin::modeling {
 
@@ -12,21 +12,6 @@ namespace {
 constexpr char const* kCommand = "ModifyObjects";
 constexpr char const* kContext = "VRN.CorePlugin";  // not the modeling plug-in
 
-appfw::IEntities entitiesOf(CAE::EntityReferenceSequence const& references)
-{
-    appfw::IEntities entities;
-    auto const manager = ServiceHelper::getRootManager();
-    if (manager == NULLSP) {
-        return entities;
-    }
-    for (CAE::EntityReference const& reference : references) {
-        if (auto const entity = manager->getEntity(reference); entity != NULLSP) {
-            entities.append(entity);
-        }
-    }
-    return entities;
-}
-
 void modify(CmdInvoker&& command, appfw::IEntities const& entities, KFRAny const& values)
 {
     DataBunch const bunch{{"objects", entities}, {"values", values}};
@@ -36,7 +21,7 @@ void modify(CmdInvoker&& command, appfw::IEntities const& entities, KFRAny const
 }  // namespace
 
 EditEntityHelper::EditEntityHelper(CAE::EntityReference const& reference)
-    : m_entities(entitiesOf({reference}))
+    : m_entities(EntConvert().toEntities({reference}))
 {
 }
 
@@ -46,7 +31,7 @@ EditEntityHelper::EditEntityHelper(KFRSmartPointer<IEntityInterface> const& enti
 }
 
 EditEntityHelper::EditEntityHelper(CAE::EntityReferenceSequence const& references)
-    : m_entities(entitiesOf(references))
+    : m_entities(EntConvert().toEntities(references))
 {
 }
 

@@ -26,7 +26,7 @@ constexpr unsigned int kReferences = 100000;
 
 /// A part with one mesh of triangles, whose elements stand in a flat array.
 struct Picks {
-    test::ModelScope<test::PlatformScope> platform;
+    test::ModelScope<> platform;
     test::SP<test::FakePart> part = KFR::make<test::FakePart>();
     test::SP<test::FakeMeshBody> body = KFR::make<test::FakeMeshBody>();
     ElementIds ids;

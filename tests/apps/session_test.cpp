@@ -22,11 +22,13 @@
 #include "plugins/modelingplugin/utilities/eventswork/scopewait.h"
 #include "plugins/modelingplugin/utilities/eventswork/workitemmanager.h"
 #include "plugins/modelingplugin/utilities/identity/pluginhelper.h"
+#include "plugins/modelingplugin/utilities/selection/geomsubentrefmakeup.h"
 #include "tests/support/temporaryfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <thread>
@@ -252,6 +254,39 @@ TEST(ModelsOfTheHost, LeadFromWhatAReferenceNamesToItsPart)
     auto const entity = KFR::loose_cast<appfw::IEntityInterface>(instance);
     EXPECT_EQ(PluginHelper::getPart(entity->getEntityReference()), KFRIService(bolt));
     EXPECT_EQ(PluginHelper::getPart(CAE::EntityReference()), KFR::NULLSP);
+}
+
+TEST(ModelsOfTheHost, PackFacesUnderTheFirstPlaceOfTheirPart)
+{
+    Session session;
+    auto const model = loadModel(session, std::string(ORLO_BRACKET) + "/bracket.step");
+    auto const& bolt = model->parts()[2];
+    CAE::IGeometrySequence faces;
+    KFRSequence<unsigned int> numbers;
+    for (auto const& entity : model->geometry().entitiesOf(2)) {
+        if (entity.m_class == host::geometry::EntityClass::face) {
+            faces.append(model->object(entity.m_number));
+            numbers.append(entity.m_number);
+        }
+    }
+    GeomSubEntRefMakeup makeup;
+    makeup.addGeometries(faces);
+    appfw::IEntRefSequence containers;
+    makeup.appendToEntRefSequence(containers);
+    ASSERT_EQ(containers.size(), 1U);  // one body
+    CAE::EntityReference owner;
+    EXPECT_TRUE(containers[0]->getOwner(owner).isOk());
+    EXPECT_EQ(owner.service, KFRIService(PluginHelper::getPartInstancebyPart(
+                                 PluginHelper::getPart(bolt->getEntityReference()))));
+    KFRSequence<unsigned int> ids;
+    EXPECT_TRUE(containers[0]->getIds(model->reference(numbers[0]).typeId, ids).isOk());
+    EXPECT_TRUE(std::equal(ids.begin(), ids.end(), numbers.begin(), numbers.end()));
+
+    SubEntitiesCollector collector;
+    collector.addGeometries(faces);
+    auto const shown = collector.getSubEntities();
+    ASSERT_EQ(shown.size(), 1U);  // the body displays them
+    EXPECT_EQ(shown[0].numbers.size(), faces.size());
 }
 
 TEST(BoxesOfTheHost, AnswerFromTheScriptWhereSomebodyIsToAnswer)

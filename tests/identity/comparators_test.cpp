@@ -1,166 +1,101 @@
-// The senses in which entities are the same, and the orders that go with them.
-
 #include "plugins/modelingplugin/utilities/identity/eomcompare.h"
 #include "plugins/modelingplugin/utilities/identity/groupkey.h"
 #include "plugins/modelingplugin/utilities/identity/modelingentitycompare.h"
-
-#include "tests/support/appframefakes.h"
-#include "tests/support/matchers.h"
 #include "tests/support/modelfakes.h"
-#include "tests/support/platformscope.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace vrn::orlo::plugin::modeling {
+namespace vrn::orlo::plugin::modeling::test {
 namespace {
 
-using test::Entity;
-using test::Ref;
-using Scope = test::ModelScope<test::PlatformScope>;
+using BaseEntity = SP<IBaseEntityInterface>;
 
-Entity const kNull;
-
-/// A strict order: the left one comes first, and only so.
-template <class Compare, class T>
-void expectBefore(Compare const& lessThan, T const& left, T const& right)
-{
-    EXPECT_TRUE(lessThan(left, right));
-    EXPECT_FALSE(lessThan(right, left));
-    EXPECT_FALSE(lessThan(left, left));
-}
-
-class Group final : public test::EntityOf<IBaseEntityInterface> {
-public:
-    HANDS_OUT(getName, icu::UnicodeString, name)
+struct Group final : EntityOf<IBaseEntityInterface> {
+    HANDS_OUT(getName, icu::UnicodeString, name, u"Loads")
     HANDS_OUT(getParent, Entity, parent)
-    HANDS_OUT(getFlag, bool, flag)
+    HANDS_OUT(getFlag, bool, flag, true)
 };
+
+/// Each comes before the next, and only so.
+template <class Compare, class T>
+void expectOrder(std::vector<T> const& ordered)
+{
+    for (std::size_t i = 0; i + 1 < ordered.size(); ++i) {
+        EXPECT_TRUE(Compare()(ordered[i], ordered[i + 1])) << i;
+        EXPECT_FALSE(Compare()(ordered[i + 1], ordered[i])) << i;
+        EXPECT_FALSE(Compare()(ordered[i], ordered[i])) << i;
+    }
+}
 
 TEST(EntityCompare, AsksTheAdapterManagerWithTheEmptyReferenceForNull)
 {
-    Scope scope;
-    Entity const entity = scope.make<test::PlainEntity>(9, 1);
-    Entity const other = scope.make<test::PlainEntity>(1, 2);
-    EntityCompare const compare;
-    expectBefore([&](auto const& a, auto const& b) { return compare.lessThan(a, b); }, other,
-                 entity);
-    expectBefore(EntityHashCompare(), kNull, other);
-    expectBefore(EntityHashCompare(), other->getEntityReference(), entity->getEntityReference());
-    EXPECT_TRUE(compare.equals(kNull, kNull));
-    EXPECT_FALSE(compare.equals(kNull, entity));
-    EXPECT_EQ(compare.getByEntityReference({.service = {}, .typeId = 1, .id = 2}), other);
-    EXPECT_EQ(compare.hashCode(entity), -1);
-    EXPECT_EQ(EntityHashCompare()(entity), 0xFFFFFFFFFFFFFFFFULL);
-
-    EXPECT_TRUE(EntityEquanPred(entity)(entity->getEntityReference()));
-    EXPECT_TRUE(EntityEquanPred(entity->getEntityReference())(entity));
-    EXPECT_FALSE(EntityEquanPred(entity)(other));
-    EXPECT_TRUE(EntityEquanPred(kNull)(Ref()));
-}
-
-TEST(EntityCompare, WantsARootManagerThatIsTheAdapterManagerAsWell)
-{
-    Scope scope;
-    ServiceCacheModelingPlugin::rootManager_ = KFR::make<test::FakeRootManager>();
-    EXPECT_THAT([] { EntityCompare(); },
-                ::testing::Throws<KFRSystemException>(
-                    test::IsMissingInterface("vrn.orlo.appfw.IInterfaceAdapterManager")));
-    ServiceCacheModelingPlugin::rootManager_ = scope.model;
-    EXPECT_TRUE(EntityCompare().equals(Ref(), Ref()));
+    ModelScope scope;
+    Entity const entity = scope.make<PlainEntity>(9, 1);
+    Entity const other = scope.make<PlainEntity>(1, 2);
+    expectOrder<EntityHashCompare, Entity>({{}, other, entity});
+    expectOrder<EntityHashCompare, Ref>({{}, {{}, 1, 2, 0}, {{}, 9, 1, 0}});
+    EXPECT_EQ(EntityHashCompare()(entity), 0xFFFFFFFFFFFFFFFFULL);  // of -1
+    EXPECT_EQ(EntityCompare().getByEntityReference({{}, 1, 2, 0}), other);
+    EXPECT_TRUE(EntityCompare().equals(Entity(), Entity()));
+    EXPECT_TRUE(EntityEquanPred(entity)(Ref{{}, 9, 1, 0}));
+    EXPECT_FALSE(EntityEquanPred(Ref{{}, 9, 1, 0})(other));
 }
 
 TEST(ModelingEntityCompare, GoesByNumberThenTypeAndLeavesTheOwnerOut)
 {
-    ModelingEntityCompare const compare;
-    auto const owner = KFR::make<test::PlainEntity>();
-    expectBefore(compare, Ref{{}, 9, 1, 0}, Ref{{}, 1, 2, 0});
-    expectBefore(compare, Ref{{}, 1, 0x7FFFFFFF, 0}, Ref{{}, 1, 0x80000000, 0});
-    expectBefore(compare, Ref{{}, 1, 1, 5}, Ref{{}, 0x80000000, 1, 0});
-    EXPECT_TRUE(compare.equals(Ref{owner, 1, 2, 3}, Ref{{}, 1, 2, 4}));
-    EXPECT_FALSE(compare.equals(Ref{owner, 1, 2, 3}, Ref{owner, 1, 3, 3}));
-    EXPECT_FALSE(compare.equals(Ref{owner, 1, 2, 3}, Ref{owner, 2, 2, 3}));
-}
-
-TEST(ModelingEntityCompare, TakesANullEntityForNothing)
-{
-    Scope scope;
+    ModelScope scope;
+    using Compare = ModelingEntityCompare;
     auto const first = scope.make<Group>(9, 1);
-    KFRSmartPointer<IBaseEntityInterface> const group = first;
-    ModelingEntityCompare const compare;
-    expectBefore(compare, group, {scope.make<Group>(1, 2)});
-    EXPECT_FALSE(compare(KFR::NULLSP, group) || compare(group, KFR::NULLSP));
-    EXPECT_TRUE(compare.equals(Entity(first), Entity(first)));
-    EXPECT_FALSE(compare.equals(kNull, first) || compare.equals(first, kNull));
-    EXPECT_FALSE(compare.equals(kNull, kNull));
-
-    EXPECT_TRUE(ModelingEntityCompareEx(Entity(first))(Ref{first, 9, 1, 7}));
-    EXPECT_TRUE(ModelingEntityCompareEx(Ref{{}, 9, 1, 0})(Entity(first)));
-    EXPECT_TRUE(ModelingEntityCompareEx(kNull)(Ref()));
-    EXPECT_FALSE(ModelingEntityCompareEx(kNull)(kNull));
+    constexpr Word kBig = 0x80000000;
+    expectOrder<Compare, Ref>({{{}, 9, 1, 5}, {{}, 1, 2, 4}, {{}, kBig, 2, 3}, {{}, 1, kBig, 2}});
+    expectOrder<Compare, BaseEntity>({first, scope.make<Group>(1, 2)});
+    EXPECT_TRUE(Compare().equals(Ref{first, 1, 2, 3}, Ref{{}, 1, 2, 4}));
+    EXPECT_FALSE(Compare().equals(Ref{{}, 1, 2, 3}, Ref{{}, 2, 2, 3}));
+    // Null is before, after and the same as nothing.
+    EXPECT_FALSE(Compare()({}, BaseEntity(first)) || Compare()(BaseEntity(first), {}));
+    EXPECT_FALSE(Compare().equals(Entity(), first) || Compare().equals(Entity(), Entity()));
+    EXPECT_TRUE(ModelingEntityCompareEx(Entity(first))(Ref{{}, 9, 1, 7}));
+    EXPECT_FALSE(ModelingEntityCompareEx(Entity())(Entity()));
 }
 
 TEST(EOMCompare, OrdersByGuidAndEquatesByTheObjectsOwnTest)
 {
-    Scope scope;
-    auto const low = scope.make<test::FakeObject>(9, 9);
-    auto const twin = scope.make<test::FakeObject>(1, 1);
-    auto const high = scope.make<test::FakeObject>(1, 2);
+    ModelScope scope;
+    auto const low = scope.make<FakeObject>(9, 9);
+    auto const twin = scope.make<FakeObject>(1, 1);
+    auto const high = scope.make<FakeObject>(1, 2);
     low->guid = twin->guid = {1, 0x8000000000000000ULL};
     high->guid = {0x8000000000000000ULL, 0};
-    using Object = EOMCompare::Object;
-    EOMCompare const compare;
-    expectBefore(compare, Object(low), Object(high));
-    expectBefore(compare, Object(), Object(low));
-    EXPECT_FALSE(compare(low, twin) || compare.equals(low, twin));
-    EXPECT_TRUE(EOMCompare(low)(low));
-    EXPECT_FALSE(compare.equals({}, {}) || compare({}) || compare.equals(low, {}));
-    expectBefore(GUIDCompare(), CAE::GUIDDATA{1, 2}, low->guid);
-    EXPECT_TRUE(GUIDEuqanPred(low->guid)(twin->guid));
-    EXPECT_FALSE(GUIDEuqanPred({1, 2})({1, 3}) || GUIDCompare().equal({1, 2}, {2, 2}));
-
-    // Entities outside of the object model stand with GUID zero beside those inside.
-    Entity const outside = scope.make<test::PlainEntity>(5, 1);
-    expectBefore(EntityW2Compare(), outside, Entity(low));
-    expectBefore(EntityW2Compare(), Entity(low), Entity(high));
-    expectBefore(EntityW2Compare(), kNull, outside);  // neither is inside: by reference
-    EXPECT_TRUE(EntityW2Compare().equal(outside, outside));
-    EXPECT_TRUE(EntityW2Compare().equal(low, low));
-    EXPECT_FALSE(EntityW2Compare().equal(low, twin) || EntityW2Compare().equal(outside, low));
-    EXPECT_FALSE(EntityW2Compare().equal(low, outside));
+    expectOrder<EOMCompare, EOMObject>({{}, low, high});
+    expectOrder<GUIDCompare, CAE::GUIDDATA>({{1, 2}, low->guid, high->guid});
+    EXPECT_FALSE(EOMCompare(low)(twin) || EOMCompare()(low, twin) || EOMCompare().equals({}, {}));
+    EXPECT_TRUE(EOMCompare(low)(low) && GUIDEuqanPred(low->guid)(twin->guid));
+    // An entity outside of the object model has GUID zero beside one inside, else its reference.
+    Entity const outside = scope.make<PlainEntity>(5, 1);
+    expectOrder<EntityW2Compare, Entity>({{}, outside, low, high});
+    EntityW2Compare const w2;
+    EXPECT_TRUE(w2.equal(outside, outside) && w2.equal(low, low));
+    EXPECT_FALSE(w2.equal(low, twin) || w2.equal(outside, low) || w2.equal(low, outside));
 }
 
 TEST(GroupKey, GoesByKindThenFlagThenParent)
 {
-    Scope scope;
-    Entity const first = scope.make<test::PlainEntity>(1, 2);
-    Entity const second = scope.make<test::PlainEntity>(9, 1);
-    std::less<> const less;
-    expectBefore(less, GroupKey(1, second, false), GroupKey(0x80000000, first, true));
-    expectBefore(less, GroupKey(1, second, true), GroupKey(1, first, false));
-    expectBefore(less, GroupKey(1, first, true), GroupKey(1, second, true));
-    expectBefore(less, GroupKey(), GroupKey(0, first, false));
-    // By code unit: the surrogates of U+1F600 come before U+FFFD.
-    expectBefore(less, GroupKey2(u"Z", second, false), GroupKey2(u"a", first, true));
-    expectBefore(less, GroupKey2(u"\U0001F600", second, false), GroupKey2(u"\uFFFD", first, true));
-    expectBefore(less, GroupKey2(u"a", second, true), GroupKey2(u"a", first, false));
-
+    ModelScope scope;
+    Entity const a = scope.make<PlainEntity>(1, 2);
+    Entity const b = scope.make<PlainEntity>(9, 1);
+    expectOrder<std::less<>, GroupKey>(
+        {{}, {0, a, false}, {1, a, true}, {1, b, true}, {1, a, false}, {0x80000000, a, true}});
     auto const group = scope.make<Group>(3, 3);
-    group->name = u"Loads";
-    group->flag = true;
-    EXPECT_EQ(GroupKey2(KFRSmartPointer<IBaseEntityInterface>(group)).parent, Ref());
-    group->parent = first;
-    GroupKey2 const key{KFRSmartPointer<IBaseEntityInterface>(group)};
-    EXPECT_TRUE(key.name == u"Loads" && key.flag && key.parent == first->getEntityReference());
-}
-
-TEST(PivotValueCompare, IsSigned)
-{
-    expectBefore(PivotValueCompare(), appfw::PivotValue{-1, 5}, appfw::PivotValue{1, -5});
-    expectBefore(PivotValueCompare(), appfw::PivotValue{1, -5}, appfw::PivotValue{1, 5});
-    EXPECT_FALSE(PivotValueCompare().equal({1, 2}, {1, 3}) ||
-                 PivotValueCompare().equal({1, 2}, {2, 2}));
+    group->parent = b;
+    GroupKey2 const loads{BaseEntity(group)};
+    // By code unit: the surrogates of U+1F600 come before U+FFFD.
+    expectOrder<std::less<>, GroupKey2>({{u"Loads", a, true},
+                                         loads,
+                                         {u"Loads", a, false},
+                                         {u"\U0001F600", b, false},
+                                         {u"\uFFFD", a, true}});
+    expectOrder<PivotValueCompare, appfw::PivotValue>({{-1, 5}, {1, -5}, {1, 5}});
 }
 
 }  // namespace
-}  // namespace vrn::orlo::plugin::modeling
+}  // namespace vrn::orlo::plugin::modeling::test

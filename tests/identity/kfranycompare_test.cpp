@@ -2,10 +2,10 @@
 
 #include "platform/kfr/floatvalue.h"
 #include "platform/kfr/kfrrecords.h"
-#include "tests/support/fakeservices.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <string>
 
@@ -13,93 +13,61 @@ namespace vrn::orlo::plugin::modeling {
 namespace {
 
 using KFR::Util::Units::FloatValue;
+using Point = KFRDouble3DPoint;
+using Unicode = icu::UnicodeString;
+using Result = KFRAnyCompare::CompResult;
 
-constexpr auto Equal = KFRAnyCompare::Equal;
-constexpr auto Different = KFRAnyCompare::Different;
-constexpr auto Unknown = KFRAnyCompare::Unknown;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr KFRTypeCodeRecord kNamelessRecord("", {});
+constexpr KFRTypeCodeRecord kNameless("", {});
 
 template <class L, class R>
-void expectResult(KFRAnyCompare::CompResult expected, L const& left, R const& right)
+void expectResult(Result expected, L const& left, R const& right)
 {
-    SCOPED_TRACE(KFRAny(left).getTypeID());
-    EXPECT_EQ(KFRAnyCompare().compare(KFRAny(left), KFRAny(right)), expected);
+    EXPECT_EQ(KFRAnyCompare().compare(KFRAny(left), KFRAny(right)), expected)
+        << "kind " << KFRAny(left).getTypeID();
 }
 
-/// Two values of an exact kind.
-template <class T>
-void expectExact(T const& one, T const& other)
+/// Pairs of different values, each of which is the same as itself.
+template <class... Pairs>
+void expectApart(Pairs const&... pairs)
 {
-    expectResult(Equal, one, one);
-    expectResult(Different, one, other);
+    (expectResult(Result::Equal, pairs[0], pairs[0]), ...);
+    (expectResult(Result::Different, pairs[0], pairs[1]), ...);
 }
 
-TEST(KFRAnyCompare, IsExactForIntegersCharactersTruthValuesAndTexts)
+TEST(KFRAnyCompare, TellsValuesOfOneKindApart)
 {
-    expectExact<char>('a', 'b');
-    expectExact<unsigned char>(1, 2);
-    expectExact<short>(-1, 1);
-    expectExact<unsigned short>(1, 2);
-    expectExact(1, 2);
-    expectExact(1U, 2U);
-    expectExact(1LL << 40, 0LL);
-    expectExact(1ULL << 40, 0ULL);
-    expectExact(std::string("a"), std::string("a\0b", 3));
-    expectExact(L'a', L'b');
-    expectExact(std::wstring(L"a"), std::wstring(L"ab"));
-    expectExact(true, false);
-    expectExact(KFRUChar{1}, KFRUChar{2});
-    expectExact(icu::UnicodeString(u"\u00e9"), icu::UnicodeString(u"e\u0301"));
-    expectExact(test::IStrangerInterface::kfrTypeCode(), KFRIServiceInterface::kfrTypeCode());
-    expectResult(Different, 1, 1L);  // the kinds differ
-    expectResult(Different, 1, KFRResult(1));
-}
-
-TEST(KFRAnyCompare, HoldsRealNumbersAgainstTheToleranceOfTheirKind)
-{
-    expectResult(Equal, 1.0F, 1.00004F);
-    expectResult(Different, 1.0F, 1.0001F);
-    expectResult(Different, static_cast<float>(kNaN), static_cast<float>(kNaN));
-    expectResult(Equal, 0.0, 9e-19);
-    expectResult(Different, 0.0, -1e-18);
-    expectResult(Different, 1.0, 1.0 + 1e-15);
-    expectResult(Different, 1.0, kNaN);
-}
-
-TEST(KFRAnyCompare, ReadsRecordsAsTheLeftOneSays)
-{
+    expectApart(std::to_array<char>({1, 2}), std::to_array<unsigned char>({1, 2}),
+                std::to_array<short>({-1, 1}), std::to_array<unsigned short>({1, 2}),
+                std::to_array({1, 2}), std::to_array({1U, 2U}), std::to_array({1LL << 40, 0LL}),
+                std::to_array({1ULL << 40, 0ULL}), std::to_array({1.0F, 1.0001F}),
+                std::to_array({1.0, 1.0 + 1e-15}), std::to_array({1.0, kNaN}),
+                std::to_array<std::string>({"a", std::string("a\0b", 3)}),
+                std::to_array({L'a', L'b'}), std::to_array<std::wstring>({L"a", L"ab"}),
+                std::to_array({true, false}), std::to_array<KFRUChar>({{1}, {2}}),
+                std::to_array<Unicode>({u"\u00e9", u"e\u0301"}),
+                std::to_array({KFRTypeCode(), KFRIServiceInterface::kfrTypeCode()}),
+                std::to_array<KFRResult>({5, 6}));
     FloatValue const one{3, 1, 2, 1.0};
-    expectExact(one, FloatValue{4, 1, 2, 1.0});
-    expectExact(one, FloatValue{3, 0, 2, 1.0});
-    expectExact(one, FloatValue{3, 1, 0, 1.0});
-    expectExact(one, FloatValue{3, 1, 2, 1.0 + 1e-15});
-    expectResult(Equal, FloatValue{3, 1, 2, 0.0}, FloatValue{3, 1, 2, 9e-19});
-    KFRDouble3DPoint const point{1, 2, 3};
-    expectExact(point, {1.5, 2, 3});
-    expectExact(point, {1, 2.5, 3});
-    expectExact(point, {1, 2, 3.5});
-    expectResult(Unknown, KFRFloat3DPoint{}, KFRFloat3DPoint{});
-    // What is no such record counts as an empty one.
-    expectResult(Different, point, one);
-    expectResult(Equal, KFRDouble3DPoint{}, one);
+    expectApart(std::to_array({one, {4, 1, 2, 1.0}}), std::to_array({one, {3, 0, 2, 1.0}}),
+                std::to_array({one, {3, 1, 0, 1.0}}), std::to_array({one, {3, 1, 2, 1 + 1e-15}}),
+                std::to_array<Point>({{1, 2, 3}, {4, 2, 3}}),
+                std::to_array<Point>({{1, 2, 3}, {1, 4, 3}}),
+                std::to_array<Point>({{1, 2, 3}, {1, 2, 4}}));
 }
 
-TEST(KFRAnyCompare, ComparesTypeCodesAndTheCodesOfResults)
+TEST(KFRAnyCompare, HasTolerancesAndOddities)
 {
-    expectResult(Equal, KFRTypeCode(), KFRTypeCode());
-    expectResult(Equal, KFRTypeCode(), KFRTypeCode(kNamelessRecord));
-    expectResult(Different, KFRTypeCode(), KFRIServiceInterface::kfrTypeCode());
-    expectResult(Equal, KFRResult(5, 1, 2), KFRResult(5, 3, 4));
-    expectResult(Different, KFRResult(5), KFRResult(6));
-}
-
-TEST(KFRAnyCompare, KnowsNothingOfOtherKinds)
-{
-    KFRIService const service = KFR::make<test::Stranger>();
-    expectResult(Unknown, service, service);
-    expectResult(Unknown, KFRSequence<int>{1}, KFRSequence<int>{1});
-    EXPECT_EQ(KFRAnyCompare().compare(KFRAny(), KFRAny()), Unknown);
+    expectResult(Result::Equal, 1.0F, 1.00004F);
+    expectResult(Result::Equal, 0.0, 9e-19);
+    expectResult(Result::Different, 0.0, -1e-18);
+    expectResult(Result::Equal, KFRTypeCode(), KFRTypeCode(kNameless));
+    expectResult(Result::Equal, KFRResult(5, 1, 2), KFRResult(5, 3, 4));
+    expectResult(Result::Equal, Point{}, FloatValue{3, 1, 2, 1.0});  // no point counts as zero
+    expectResult(Result::Different, 1, 1L);                          // two kinds
+    expectResult(Result::Unknown, KFRFloat3DPoint{}, KFRFloat3DPoint{});
+    expectResult(Result::Unknown, KFRIService(), KFRIService());
+    EXPECT_EQ(KFRAnyCompare().compare(KFRAny(), KFRAny()), Result::Unknown);
 }
 
 }  // namespace

@@ -1,164 +1,114 @@
 #include "plugins/modelingplugin/utilities/selection/selectiondivider.h"
-
 #include "tests/selection/selectionscope.h"
 #include "tests/support/matchers.h"
 #include "tests/support/modelfakes.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace vrn::orlo::plugin::modeling {
+namespace vrn::orlo::plugin::modeling::test {
 namespace {
 
-using test::Ids;
-using test::Ref;
-using test::Refs;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::Pair;
-using Scope = test::ModelScope<test::SelectionScope>;
-using List = KFRSmartPointer<CAE::IEntityReferenceConstListInterface>;
+using Scope = ModelScope<SelectionScope>;
+using ConstList = SP<CAE::IEntityReferenceConstListInterface>;
 using ElementIds = KFRSequence<unsigned long long>;
+
+constexpr auto kPart = "Simulation.Part";
+constexpr auto kInstance = "Simulation.PartInstance";
+constexpr auto kMesh = "FEM.Simulation.2DContinuousMesh";
+constexpr auto kElement = "FEM.Simulation.2DElement";
+constexpr auto kStored = "Simulation.FEM.Element";
+constexpr auto kMaterial = "Simulation.Modeling.LineIsoMaterial";
+constexpr auto kSection = "Simulation.Modeling.ShellSectionProperty";
+constexpr auto kBehavior = "Simulation.Modeling.ShellBehaviorProperty";
 
 TEST(SelectionDivider, DividesByTypeInTheOrderOfTheSelection)
 {
     Scope scope;
-    using Bucket = CAE::EntityReferenceSequence const& (SelectionDivider::*)() const;
-    struct Row {
-        Bucket bucket;
-        std::vector<char const*> types;
-    };
-    Row const rows[] = {
-        {&SelectionDivider::parts, {"Simulation.PartInstance"}},
-        {&SelectionDivider::bodies, {"SHEETBODY", "FACETSOLID"}},
-        {&SelectionDivider::meshes, {"FEM.Simulation.2DContinuousMesh"}},
-        {&SelectionDivider::elements,
-         {"Simulation.FEM.Element", "FEM.Simulation.1DElement", "FEM.Simulation.3DElement",
-          "FEM.Simulation.2DElement"}},
-        {&SelectionDivider::geometries, {"REGION", "EDGE", "FACE"}},
-        {&SelectionDivider::materials, {"Simulation.Modeling.LineIsoMaterial"}},
-        {&SelectionDivider::sections, {"Simulation.Modeling.ShellSectionProperty"}},
-        {nullptr,
-         {"VERTEX", "Simulation.FEM.Node", "Simulation.Modeling.ShellBehaviorProperty",
-          "Simulation.MeshBody", "Simulation.Part"}},
-    };
-    Refs selection;
-    for (unsigned int id = 2; id > 0; --id) {
-        for (Row const& row : rows) {
-            for (char const* const type : row.types) {
-                selection.append({{}, scope.idOf(type), id, 0});
-            }
+    auto const refs = [&](std::vector<char const*> const& types) {
+        Refs all;
+        for (char const* const type : types) {
+            all.append({{}, scope.idOf(type), 9, 0});
         }
+        return all;
+    };
+    auto const list = KFR::make<FakeList>(
+        refs({kElement, "FACE", "BODY", "VERTEX", kStored, "REGION", kInstance, kMaterial,
+              "FACETSOLID", kMesh, kPart, kBehavior, kSection, "EDGE", "BODY"}));
+    for (auto const& divided :
+         {SelectionDivider(list->references), SelectionDivider(ConstList(list))}) {
+        EXPECT_EQ(divided.parts(), refs({kInstance}));
+        EXPECT_EQ(divided.bodies(), refs({"BODY", "FACETSOLID", "BODY"}));
+        EXPECT_EQ(divided.meshes(), refs({kMesh}));
+        EXPECT_EQ(divided.elements(), refs({kElement, kStored}));
+        EXPECT_EQ(divided.geometries(), refs({"FACE", "REGION", "EDGE"}));
+        EXPECT_EQ(divided.materials(), refs({kMaterial}));
+        EXPECT_EQ(divided.sections(), refs({kSection}));
+        EXPECT_TRUE(divided.behaviors().empty() && divided.getBehaviors().empty());
     }
-    auto const container = KFR::make<test::FakeContainer>();
-    container->owner = Ref{};
-    auto const list = KFR::make<test::FakeList>(true, selection);
-    for (SelectionDivider const& divider :
-         {SelectionDivider(selection), SelectionDivider(List(list))}) {
-        for (Row const& row : rows) {
-            std::vector<Ref> expected;
-            for (unsigned int id = 2; id > 0; --id) {
-                for (char const* const type : row.types) {
-                    expected.push_back({{}, scope.idOf(type), id, 0});
-                }
-            }
-            if (row.bucket != nullptr) {
-                EXPECT_THAT((divider.*row.bucket)(), ::testing::ElementsAreArray(expected))
-                    << row.types[0];
-            }
-        }
-        EXPECT_THAT(divider.behaviors(), IsEmpty());
-        EXPECT_THAT(divider.getBehaviors(), IsEmpty());
-    }
-    EXPECT_THAT(SelectionDivider(List()).getElementIds(true), IsEmpty());
-
     // By the containers as soon as they give anything.
-    unsigned int const face = scope.idOf("FACE");
-    list->containers = appfw::IEntRefSequence{container};
-    EXPECT_EQ(SelectionDivider(List(list)).geometries().size(), 6u);
-    container->ids = {{face, {3, 0, 4}}};
-    EXPECT_THAT(SelectionDivider(List(list)).geometries(),
-                ElementsAre(Ref{{}, face, 3, 0}, Ref{{}, face, 4, 0}));
-}
-
-TEST(SelectionDivider, TakesAPartForItsFirstInstance)
-{
-    Scope scope;
-    unsigned int const partType = scope.idOf("Simulation.Part");
-    unsigned int const instanceType = scope.idOf("Simulation.PartInstance");
-    auto const part = scope.make<test::FakePart>(partType, 1);
-    auto const instance = scope.make<test::FakeInstance>(instanceType, 2);
-    instance->placed = part;
-    part->instances = {instance, scope.make<test::FakeInstance>(instanceType, 3)};
-    auto const placeless = scope.make<test::FakePart>(partType, 4);
-    placeless->instances = CAE::IInstanceSequence{};
-    SelectionDivider const divider(
-        Refs{instance->reference, placeless->reference, part->reference, {{}, partType, 9, 0}});
-    EXPECT_THAT(divider.parts(), ElementsAre(instance->reference, instance->reference));
-    EXPECT_THAT(divider.getParts(), ElementsAre(test::IsObject(part), test::IsObject(part)));
+    auto const container = KFR::make<FakeContainer>();
+    container->owner = Ref{};
+    list->containers = {container};
+    EXPECT_EQ(SelectionDivider(ConstList(list)).geometries().size(), 3u);
+    Word const face = scope.idOf("FACE");
+    container->ids[face] = {3, 0, 4};
+    EXPECT_EQ(SelectionDivider(ConstList(list)).geometries(),
+              (Refs{{{}, face, 3, 0}, {{}, face, 4, 0}}));
 }
 
 TEST(SelectionDivider, GivesTheObjectsOfABucketThatResolve)
 {
     Scope scope;
-    auto const body = scope.make<test::FakeGeometry>(scope.idOf("BODY"), 1);
-    auto const face = scope.make<test::FakeGeometry>(scope.idOf("FACE"), 2);
-    auto const material =
-        scope.make<test::FakeProperty>(scope.idOf("Simulation.Modeling.LineIsoMaterial"), 3);
-    auto const section =
-        scope.make<test::FakeProperty>(scope.idOf("Simulation.Modeling.ShellSectionProperty"), 4);
-    auto const meshBody = KFR::make<test::FakeMeshBody>();
-    Refs selection{body->reference, face->reference, material->reference, section->reference};
-    for (unsigned int id : {5u, 6u}) {
-        auto const mesh =
-            scope.make<test::FakeMesh>(scope.idOf("FEM.Simulation.2DContinuousMesh"), id);
-        mesh->body = meshBody;
-        selection.append(mesh->reference);
-    }
-    for (Ref reference : Refs(selection)) {
-        reference.id += 100;  // of nothing
-        selection.append(reference);
+    auto const part = scope.make<FakePart>(scope.idOf(kPart), 1);
+    auto const instance = scope.make<FakeInstance>(scope.idOf(kInstance), 3);
+    auto const material = scope.make<FakeProperty>(scope.idOf(kMaterial), 6);
+    auto const mesh = scope.make<FakeMesh>(scope.idOf(kMesh), 8);
+    scope.make<FakePart>(scope.idOf(kPart), 2)->instances = CAE::IInstanceSequence();
+    part->instances = {instance, KFR::make<FakeInstance>()};
+    instance->placed = part;
+    mesh->body = KFR::make<FakeMeshBody>();
+    Refs selection{mesh->reference};
+    for (auto const& [number, entity] : scope.model->entities) {
+        selection.append(entity->getEntityReference());
+        selection.append({{}, entity->getEntityReference().typeId, number + 100, 0});  // of nothing
     }
     SelectionDivider const divider(selection);
-    EXPECT_THAT(divider.getGeomBodies(), ElementsAre(test::IsObject(body)));
-    EXPECT_THAT(divider.getGeometries(), ElementsAre(test::IsObject(face)));
-    EXPECT_THAT(divider.getMaterials(), ElementsAre(test::IsObject(material)));
-    EXPECT_THAT(divider.getSections(), ElementsAre(test::IsObject(section)));
-    EXPECT_EQ(divider.getMeshes().size(), 2u);
-    EXPECT_THAT(divider.getMeshBodies(),
-                ElementsAre(test::IsObject(meshBody), test::IsObject(meshBody)));
+    EXPECT_EQ(divider.parts()[0], instance->reference);
+    EXPECT_THAT(divider.getParts(), ElementsAre(IsObject(part), IsObject(part)));
+    EXPECT_THAT(divider.getMaterials(), ElementsAre(IsObject(material)));
+    EXPECT_THAT(divider.getMeshes(), ElementsAre(IsObject(mesh), IsObject(mesh)));
+    EXPECT_EQ(divider.getMeshBodies(), CAE::IMeshBodySequence({*mesh->body, *mesh->body}));
 }
 
 TEST(SelectionDivider, GivesExternalIdsOfElementsUnderTheirMeshBody)
 {
     Scope scope;
-    auto const first = KFR::make<test::FakeMeshBody>();
-    auto const second = KFR::make<test::FakeMeshBody>();
-    auto const mesh = KFR::make<test::FakeMesh>();
-    auto const part = KFR::make<test::FakePart>();
-    static_cast<void>(first->getInstanceID());  // the bodies' order
-    for (int i = 0; i < 3; ++i) {
-        (i == 0 ? first : second)->add(3, {});
-        second->add(3, {});
+    auto const one = KFR::make<FakeMeshBody>();
+    auto const two = KFR::make<FakeMeshBody>();
+    auto const mesh = KFR::make<FakeMesh>();
+    auto const part = KFR::make<FakePart>();
+    auto const instance = KFR::make<FakeInstance>();
+    static_cast<void>(one->getInstanceID());  // the bodies' order
+    one->add(3, {});
+    for (int i = 0; i < 5; ++i) {
+        two->add(3, {});
     }
-    mesh->body = second;
-    part->bodies = CAE::IMeshBodySequence{first, {}, second};
-    unsigned int const type = scope.idOf("FEM.Simulation.2DElement");
-    auto const instance = KFR::make<test::FakeInstance>();
-    SelectionDivider const divider(Refs{{second, type, 4, 0},
-                                        {part, type, 0, 0},
-                                        {mesh, type, 3, 0},
-                                        {part, type, 2, 0},
-                                        {instance, type, 0, 0},
-                                        {{}, type, 0, 0},
-                                        {second, type, 99, 0},
-                                        {second, type, 1001, 0}});
-    EXPECT_THAT(divider.getElementIds(false),
-                ElementsAre(Pair(test::IsObject(first), ElementIds{1000}),
-                            Pair(test::IsObject(second), ElementIds{1004, 1003, 1002})));
-    EXPECT_THAT(divider.getElementIds(true),
-                ElementsAre(Pair(test::IsObject(second), ElementIds{1001})));
+    mesh->body = two;
+    part->bodies = {one, {}, two};
+    Refs refs{{two, 0, 4, 0},      {part, 0, 0, 0}, {mesh, 0, 3, 0},  {part, 0, 2, 0},
+              {instance, 0, 0, 0}, {two, 0, 99, 0}, {two, 0, 1001, 0}};
+    for (Ref& ref : refs) {
+        ref.typeId = scope.idOf(kElement);
+    }
+    auto const second = [&](ElementIds const& ids) {
+        return Pair(IsObject(two), ids);
+    };
+    EXPECT_THAT(SelectionDivider(refs).getElementIds(false),
+                ElementsAre(Pair(IsObject(one), ElementIds{1000}), second({1004, 1003, 1002})));
+    EXPECT_THAT(SelectionDivider(refs).getElementIds(true), ElementsAre(second({1001})));
 }
 
 }  // namespace
-}  // namespace vrn::orlo::plugin::modeling
+}  // namespace vrn::orlo::plugin::modeling::test

@@ -1,6 +1,6 @@
 /// \file
-/// A model in small: parts, instances, geometry, meshes and their entities, and the services that
-/// lead from one to the other. What a test has not put in is not there.
+/// A model in small, with the services that lead from one object to the other. What a test has not
+/// put in is not there.
 
 #pragma once
 
@@ -8,16 +8,13 @@
 #include "platform/caedata/entityreferencelist.h"
 #include "platform/eom/eom.h"
 #include "platform/fem/fementities.h"
-#include "platform/geometry/geometryservice.h"
-#include "platform/kfr/kfrserviceobject.h"
 #include "platform/servicecaches/servicecachemodelingplugin.h"
 #include "plugins/modelingplugin/utilities/identity/entitycompare.h"
+#include "tests/support/platformscope.h"
 
-#include <algorithm>
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace vrn::orlo::plugin::modeling::test {
@@ -25,13 +22,16 @@ namespace vrn::orlo::plugin::modeling::test {
 template <class I>
 using SP = KFRSmartPointer<I>;
 using Entity = SP<appfw::IEntityInterface>;
+using EntityList = SP<appfw::IEntityListInterface>;
 using Persistent = SP<CAE::IPersistentObjectInterface>;
 using EOMObject = SP<KFR::EOM::IEOMObjectInterface>;
 using Container = SP<appfw::IEntRefInterface>;
 using List = SP<CAE::IEntityReferenceListInterface>;
+using Iterator = SP<CAE::IEntityReferenceIteratorInterface>;
 using FEMesh = SP<CAE::IFEMeshInterface>;
 using Mesh = SP<CAE::IMeshInterface>;
 using MeshBody = SP<CAE::IMeshBodyInterface>;
+using MeshData = SP<fem::IFEMeshDataInterface>;
 using Ref = CAE::EntityReference;
 using Refs = CAE::EntityReferenceSequence;
 using Word = unsigned int;
@@ -43,12 +43,6 @@ KFRResult give(std::optional<T> const& held, T& out)
 {
     out = held.value_or(out);
     return held.has_value() ? KFR::ok : KFR::notDone;
-}
-template <class Key, class T>
-KFRResult giveAt(std::map<Key, T> const& held, Key const& key, T& out)
-{
-    auto const found = held.find(key);
-    return give(found != held.end() ? std::optional<T>(found->second) : std::nullopt, out);
 }
 /// A view of an object, which may lack it.
 template <class I>
@@ -66,22 +60,18 @@ KFRResult giveView(KFRIService const& object, SP<I>& out)
         return test::give(member, out);         \
     }
 
-/// An entity with the views `Is` besides, any of which a test can take away.
+/// An entity with the views `Is` besides, one of which a test can take away.
 template <class... Is>
-class EntityOf : public KFRServiceObjectImpl<appfw::IEntityInterface, Is...> {
-public:
+struct EntityOf : KFRServiceObjectImpl<appfw::IEntityInterface, Is...> {
     Ref reference;
-    std::vector<KFRUUID> lost;
+    std::optional<KFRUUID> lost;
 
     Ref getEntityReference() override { return reference; }
     KFRResult setProperty(std::string const&, KFRAny const&) override { return KFR::notDone; }
     KFRResult getProperty(std::string const&, KFRAny&) override { return KFR::notDone; }
-
-protected:
     [[nodiscard]] void* queryInterface(KFRUUID const& id) noexcept override
     {
-        bool const isLost = std::find(lost.begin(), lost.end(), id) != lost.end();
-        return isLost ? nullptr : EntityOf::KFRServiceObjectImpl::queryInterface(id);
+        return id == lost ? nullptr : EntityOf::KFRServiceObjectImpl::queryInterface(id);
     }
 };
 
@@ -89,70 +79,41 @@ using PlainEntity = EntityOf<>;
 
 /// An object of all three worlds: persistent, of the object model, and an entity.
 template <class... Is>
-class ObjectOf
-    : public EntityOf<CAE::IPersistentObjectInterface, KFR::EOM::IEOMObjectInterface, Is...> {
-public:
+struct ObjectOf : EntityOf<CAE::IPersistentObjectInterface, KFR::EOM::IEOMObjectInterface, Is...> {
     CAE::GUIDDATA guid;
 
     HANDS_OUT(getParent, Persistent, parent)
+    KFRIService self() { return {this->kfrRoot(), {}}; }
     KFRResult getIdentifier(CAE::GUIDDATA&) override { return KFR::notDone; }
     CAE::GUIDDATA getGuid() override { return guid; }
     bool isSameObject(EOMObject const& other) override { return other == self(); }
     KFRResult getPersistentObject(Persistent& out) override { return giveView(self(), out); }
-
-private:
-    KFRIService self() { return {this->kfrRoot(), {}}; }
 };
 
 using FakeObject = ObjectOf<>;
 using FakeProperty = ObjectOf<CAE::IMaterialInterface, CAE::ISectionPropertyInterface,
                               CAE::IBehaviorPropertyInterface>;
 
-class FakeInstance final
-    : public EntityOf<CAE::IInstanceInterface, KFR::EOM::IEOMInstanceInterface> {
-public:
+struct FakeInstance final : EntityOf<CAE::IInstanceInterface> {
     HANDS_OUT(getReferenceObject, Persistent, placed)
-    HANDS_OUT(getPart, KFRIService, part)
 };
 
-class FakePart final : public ObjectOf<CAE::IPartInterface, KFR::EOM::IEOMPartInterface> {
-public:
+struct FakePart final : ObjectOf<CAE::IPartInterface> {
     HANDS_OUT(getMeshBodies, CAE::IMeshBodySequence, bodies)
     HANDS_OUT(getInstances, CAE::IInstanceSequence, instances)
-    HANDS_OUT(getInstances, KFR::EOM::IEOMInstanceSequence, eomInstances)
-};
-
-/// A face or a body, with its number in the display.
-class FakeGeometry final
-    : public ObjectOf<CAE::IGeometryInterface, CAE::IGeomBodyInterface,
-                      KFR::EOM::IEOMGeometryInterface, KFR::EOM::IEOMGeomBodyInterface> {
-public:
-    std::optional<Word> number;
-
-    HANDS_OUT(getPersistentName, std::string, name)
-    HANDS_OUT(getOwningBody, SP<CAE::IGeometryInterface>, body)
-    HANDS_OUT(getMeshBodies, CAE::IMeshBodySequence, meshBodies)
-    HANDS_OUT(getPart, SP<KFR::EOM::IEOMPartInterface>, part)
-    KFRResult getDisplayEntity(Ref& entity, Word& out) override
-    {
-        entity = reference;
-        return give(number, out);
-    }
 };
 
 /// A mesh, its entity and its element tables in one.
-class FakeMesh final
-    : public EntityOf<CAE::IMeshInterface, CAE::IFEMeshInterface, fem::IFEMeshDataInterface> {
-public:
-    HANDS_OUT(getDimension, unsigned char, dimension, 2)
+struct FakeMesh final
+    : EntityOf<CAE::IMeshInterface, CAE::IFEMeshInterface, fem::IFEMeshDataInterface> {
+    HANDS_OUT(getDimension, unsigned char, dimension)
     HANDS_OUT(getMeshBody, MeshBody, body)
     HANDS_OUT(getTriangleOwner, Entity, triangles)
     HANDS_OUT(getQuadOwner, Entity, quads)
     HANDS_OUT(getSolidOwner, Entity, solids)
 };
 
-class FakeElement final : public KFRServiceObjectImpl<CAE::IElementInterface> {
-public:
+struct FakeElement final : KFRServiceObjectImpl<CAE::IElementInterface> {
     HANDS_OUT(getId, unsigned long long, id)
     HANDS_OUT(getNumber, int, number)
     HANDS_OUT(getNodeCount, int, nodeCount)
@@ -161,10 +122,9 @@ public:
 };
 
 /// Its elements stand in a flat array: numbers from 0, ids from 1000.
-class FakeMeshBody final
-    : public KFRServiceObjectImpl<CAE::IMeshBodyInterface, CAE::IPersistentObjectInterface> {
-public:
-    std::map<Word, CAE::IMeshSequence> meshes;
+struct FakeMeshBody final
+    : KFRServiceObjectImpl<CAE::IMeshBodyInterface, CAE::IPersistentObjectInterface> {
+    CAE::IMeshSequence meshes;
     std::vector<SP<FakeElement>> elements;
 
     HANDS_OUT(getParent, Persistent, parent)
@@ -172,15 +132,12 @@ public:
     {
         FakeElement& element = *elements.emplace_back(KFR::make<FakeElement>());
         element.number = static_cast<int>(elements.size()) - 1;
-        element.id = *element.number + 1000ULL;
+        element.id = 999 + elements.size();
         element.nodeCount = nodeCount;
         element.mesh = mesh;
         return element;
     }
-    KFRResult getMeshes(Word typeId, CAE::IMeshSequence& out) override
-    {
-        return giveAt(meshes, typeId, out);
-    }
+    KFRResult getMeshes(Word, CAE::IMeshSequence& out) override { return out = meshes, KFR::ok; }
     KFRResult getElement(unsigned long long id, SP<CAE::IElementInterface>& out, bool flag) override
     {
         unsigned long long const number = flag ? id - 1000 : id;
@@ -190,10 +147,10 @@ public:
     KFRResult getIdentifier(CAE::GUIDDATA&) override { return KFR::notDone; }
 };
 
-/// Keeps its types in the order of their ids. 0 is the id of nothing.
-class FakeContainer final : public KFRServiceObjectImpl<appfw::IEntRefInterface> {
-public:
+/// 0 is the id of nothing.
+struct FakeContainer final : KFRServiceObjectImpl<appfw::IEntRefInterface> {
     std::map<Word, Ids> ids;
+    std::map<Word, Entity> entities;
     Ids subIds;
     int emptyFlag = 0;
 
@@ -205,95 +162,65 @@ public:
         }
         return KFR::ok;
     }
-    KFRResult getIds(Word type, Ids& out) override { return giveAt(ids, type, out); }
+    KFRResult getIds(Word type, Ids& out) override { return out = ids[type], KFR::ok; }
     KFRResult getReference(Word type, Word id, Ref& out) override
     {
         out = {owner->service, type, id, owner->id};
         return id != 0 ? KFR::ok : KFR::notDone;
     }
-    KFRResult getEntity(Word type, Word id, Entity& out) override
-    {
-        auto const entity = KFR::make<PlainEntity>();
-        out = entity;
-        return getReference(type, id, entity->reference);
-    }
+    KFRResult getEntity(Word, Word id, Entity& out) override { return out = entities[id], KFR::ok; }
     KFRResult addIds(Word type, Ids const& added, Ids const& subs) override
     {
         ids[type].append(added);
-        subIds = subs;
-        return KFR::ok;
+        return subIds = subs, KFR::ok;
     }
 };
 
-/// A list and its iterator in one. Without an order of its own it puts what is added in front.
-class FakeList final : public KFRServiceObjectImpl<CAE::IEntityReferenceListInterface,
-                                                   CAE::IEntityReferenceIteratorInterface> {
-public:
-    explicit FakeList(bool ordered, Refs held = {}) : references(held), isOrdered(ordered) {}
+/// A list and its iterator in one.
+struct FakeList final : KFRServiceObjectImpl<CAE::IEntityReferenceListInterface,
+                                             CAE::IEntityReferenceIteratorInterface> {
+    explicit FakeList(Refs held = {}) : references(held) {}
     Refs references;
-    bool isOrdered;
 
     HANDS_OUT(getContainers, appfw::IEntRefSequence, containers)
-    SP<CAE::IEntityReferenceIteratorInterface> getIterator() override
-    {
-        return KFR::make<FakeList>(true, references);
-    }
+    Iterator getIterator() override { return KFR::make<FakeList>(references); }
     KFRResult next(Ref& out) override
     {
-        std::optional<Ref> const first{references.empty() ? std::nullopt
-                                                          : std::optional(references[0])};
+        bool const isThere = !references.empty();
+        out = isThere ? references[0] : out;
         references.erase(0);
-        return give(first, out);
+        return isThere ? KFR::ok : KFR::notDone;
     }
-    KFRResult add(Ref const& reference) override
-    {
-        references.insert(isOrdered ? references.size() : 0, reference);
-        return KFR::ok;
-    }
-    KFRResult addContainer(Container const& container) override
-    {
-        containers = appfw::IEntRefSequence{container};
-        return KFR::ok;
-    }
-};
-
-class FakeEntityList final : public KFRServiceObjectImpl<appfw::IEntityListInterface> {
-public:
-    explicit FakeEntityList(appfw::IEntities const& listed) : entities(listed) {}
-    HANDS_OUT(getEntities, appfw::IEntities, entities)
+    KFRResult add(Ref const& one) override { return references.append(one), KFR::ok; }
+    KFRResult addContainer(Container const& one) override { return containers = {one}, KFR::ok; }
 };
 
 /// Every service of the model in one object.
-class FakeModelServices final
-    : public KFRServiceObjectImpl<
-          appfw::IRootManagerInterface, appfw::IInterfaceAdapterManagerInterface,
-          KFR::EOM::IEOMObjectFactoryInterface, CAE::IEntityReferenceListFactoryInterface,
-          appfw::IEntRefContainerFactoryInterface, fem::IFEMEntitiesInterface,
-          geometry::IGeometryCommonServiceInterface, geometry::IGeometryDisplayServiceInterface> {
-public:
+struct FakeModelServices final
+    : KFRServiceObjectImpl<appfw::IRootManagerInterface, appfw::IInterfaceAdapterManagerInterface,
+                           KFR::EOM::IEOMObjectFactoryInterface,
+                           CAE::IEntityReferenceListFactoryInterface,
+                           appfw::IEntRefContainerFactoryInterface, fem::IFEMEntitiesInterface> {
     std::map<Word, Entity> entities;  ///< found by their numbers
     Entity objectsEntity;
-    std::map<std::string, Ref> names;
     std::vector<SP<FakeContainer>> made;
 
     Entity getEntity(Ref const& reference) override { return entities[reference.id]; }
     Entity getEntityOfObject(KFRIService const&) override { return objectsEntity; }
-    SP<appfw::IEntityListInterface> createEntityList(appfw::IEntities const& listed) override
-    {
-        return KFR::make<FakeEntityList>(listed);
-    }
+    EntityList createEntityList(appfw::IEntities const&) override { return {}; }
 
     // An order and a hash that nobody would guess.
     bool equals(Ref const& left, Ref const& right) override { return left == right; }
     bool lessThan(Ref const& a, Ref const& b) override { return a.typeId < b.typeId; }
     int hashCode(Ref const& reference) override { return -static_cast<int>(reference.id); }
 
-    KFRResult getEOMObject(Persistent const& object, EOMObject& out) override
+    KFRResult getEOMObject(Persistent const& of, EOMObject& out) override
     {
-        return giveView(object, out);
+        return giveView(of, out);
     }
-    List createList() override { return KFR::make<FakeList>(false); }
-    List createOrderedList() override { return KFR::make<FakeList>(true); }
+    List createList() override { return KFR::make<FakeList>(); }
+    /// Starts with the empty reference, to be told from the other.
+    List createOrderedList() override { return KFR::make<FakeList>(Refs{{}}); }
     /// Finds what was made last.
     Container find(KFRIService const& owner, Word type, Word id, Word subId) override
     {
@@ -302,55 +229,37 @@ public:
     }
     Container create(KFRIService const& owner, Word type, Word id, Word subId, int empty) override
     {
-        FakeContainer& container = *made.emplace_back(KFR::make<FakeContainer>());
-        container.owner = {owner, type, id, subId};
-        container.emptyFlag = empty;
+        made.push_back(KFR::make<FakeContainer>());
+        made.back()->owner = {owner, type, id, subId};
+        made.back()->emptyFlag = empty;
         return made.back();
     }
     KFRResult getEntity(FEMesh const& mesh, Entity& out) override { return giveView(mesh, out); }
-    KFRResult getMeshData(Mesh const& mesh, SP<fem::IFEMeshDataInterface>& out) override
-    {
-        return giveView(mesh, out);
-    }
-    KFRResult getReferenceByName(std::string const& name, Ref& out) override
-    {
-        return giveAt(names, name, out);
-    }
-    KFRResult getDisplayService(SP<geometry::IGeometryDisplayServiceInterface>& out) override
-    {
-        return giveView({kfrRoot(), {}}, out);
-    }
-    /// What is displayed is the entity with the number 100 further.
-    KFRResult getDisplayReference(Ref const& entity, Word, Ref& out) override
-    {
-        return give(std::optional(Ref{entity.service, entity.typeId, entity.id + 100, 0}), out);
-    }
+    KFRResult getMeshData(Mesh const& of, MeshData& out) override { return giveView(of, out); }
 };
 
 /// A platform with these services in it. The comparators forget them at its end.
-template <class Platform>
-class ModelScope : public Platform {
-public:
+template <class Platform = PlatformScope>
+struct ModelScope : Platform {
     SP<FakeModelServices> model = KFR::make<FakeModelServices>();
 
     ModelScope()
     {
-        ServiceCacheModelingPlugin::rootManager_ = model;
-        ServiceCacheModelingPlugin::eomObjectFactory_ = model;
-        ServiceCacheModelingPlugin::entRefListFactory_ = model;
-        ServiceCacheModelingPlugin::entRefContainerFactory_ = model;
-        ServiceCacheModelingPlugin::entRefFactory_ = model;
+        using Cache = ServiceCacheModelingPlugin;
+        Cache::rootManager_ = model;
+        Cache::eomObjectFactory_ = model;
+        Cache::entRefListFactory_ = model;
+        Cache::entRefContainerFactory_ = Cache::entRefFactory_ = model;
         this->services().put("vrn.orlo.plugin.fem.FEMEntities", model);
-        this->services().put("vrn.orlo.plugin.geometry.GeometryCommonService", model);
     }
     ~ModelScope() { EntityCompare::release(); }
 
     /// An object that the root manager finds.
     template <class T>
-    SP<T> make(Word typeId, Word id, KFRIService const& service = {})
+    SP<T> make(Word type, Word id, KFRIService const& service = {})
     {
         auto const made = KFR::make<T>();
-        made->reference = {service, typeId, id, 0};
+        made->reference = {service, type, id, 0};
         model->entities[id] = made;
         return made;
     }

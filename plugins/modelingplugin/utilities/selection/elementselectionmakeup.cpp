@@ -45,10 +45,9 @@ PickedByMesh byMesh(CAE::IMeshBodyInterface& body, KFRSequence<unsigned long lon
         }
         int number = -1;
         int nodeCount = 0;
-        if (!element->getNumber(number).isOk()) {
+        if (!element->getNumber(number).isOk() || !element->getNodeCount(nodeCount).isOk()) {
             continue;
         }
-        static_cast<void>(element->getNodeCount(nodeCount));
         if (mesh.get() != lastMesh) {
             lastMesh = mesh.get();
             last = &meshes[mesh];
@@ -129,13 +128,13 @@ void ElementSelectionMakeup::append2EntRefSequence(
         unsigned char dimension = 0;
         auto const feMesh = KFR::loose_cast<CAE::IFEMeshInterface>(mesh);
         if (feMesh == NULLSP || !service->getEntity(feMesh, entity).isOk() || entity == NULLSP ||
-            !service->getMeshData(mesh, data).isOk() || data == NULLSP ||
-            !mesh->getDimension(dimension).isOk()) {
+            !mesh->getDimension(dimension).isOk() || (dimension != 2 && dimension != 3) ||
+            !service->getMeshData(mesh, data).isOk() || data == NULLSP) {
             continue;
         }
         if (dimension == 2) {
             appendSurface(*data, elements, types.m_surface, factory, out);
-        } else if (dimension == 3) {
+        } else {
             appendSolids(*data, elements, types.m_solid, factory, out);
         }
     }

@@ -9,7 +9,6 @@
 #include "platform/ddm/display3ddatamanager.h"
 #include "platform/deps/btree.h"
 #include "plugins/modelingplugin/utilities/componentframe/modelingexport.h"
-#include "plugins/modelingplugin/utilities/identity/modelingentitycompare.h"
 
 #include <vector>
 

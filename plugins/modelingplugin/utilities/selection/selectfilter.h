@@ -58,8 +58,8 @@ public:
     /// The first id of the kind; 0 for a kind that has none. Enters nothing.
     static unsigned int getTypeID(SelectFilterType const& type);
 
-    // What may be picked. "multi" allows several picks at once. Each of these assumes that there is
-    // a pick filter manager, but for setContiguousPickFlag.
+    // What may be picked. "multi" allows several picks at once. Without a pick
+    // filter manager or a display there is nothing to set, and nothing is.
 
     /// Allows the types of these kinds, in order; a kind without types adds none.
     void setFilter(SelectFilterType const* types, int count, bool multi);
@@ -127,6 +127,9 @@ private:
     [[nodiscard]] static Table buildTable();
     void appendIds(SelectFilterType type, KFRSequence<unsigned int>& ids) const;
     [[nodiscard]] KFRSequence<unsigned int> idsOf(SelectFilterType const* types, int count) const;
+    [[nodiscard]] KFRSequence<unsigned int> pickTargets() const;
+    [[nodiscard]] KFRSequence<unsigned int> activeTargets() const;
+    void getActiveTargets(KFRSequence<unsigned int>& out) const;
     void setPickFilter(KFRSequence<unsigned int> const& allowed,
                        KFRSequence<unsigned int> const& active, bool multi);
     void initStage(KFRSequence<unsigned int> const& allowed,

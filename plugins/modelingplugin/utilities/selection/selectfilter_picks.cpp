@@ -89,15 +89,42 @@ Ids SelectFilter::idsOf(SelectFilterType const* types, int count) const
 
 void SelectFilter::setPickFilter(Ids const& allowed, Ids const& active, bool multi)
 {
-    static_cast<void>(m_pickFilterManager->setPickFilter(kOwner, allowed, kNotTheUsers, active,
-                                                         multi, kReserved));
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->setPickFilter(kOwner, allowed, kNotTheUsers, active,
+                                                             multi, kReserved));
+    }
 }
 
 void SelectFilter::initStage(Ids const& allowed, Ids const& overwritable, bool multi,
                              std::string const& stageName)
 {
-    static_cast<void>(m_pickFilterManager->initStagePickFilter(kOwner, allowed, kNotTheUsers,
-                                                               overwritable, multi, stageName));
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->initStagePickFilter(kOwner, allowed, kNotTheUsers,
+                                                                   overwritable, multi, stageName));
+    }
+}
+
+void SelectFilter::getActiveTargets(Ids& out) const
+{
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->getActiveTargets(out));
+    }
+}
+
+Ids SelectFilter::activeTargets() const
+{
+    Ids targets;
+    getActiveTargets(targets);
+    return targets;
+}
+
+Ids SelectFilter::pickTargets() const
+{
+    Ids targets;
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->getPickTargets(targets));
+    }
+    return targets;
 }
 
 void SelectFilter::setFilter(SelectFilterType const* types, int count, bool multi)
@@ -191,16 +218,13 @@ void SelectFilter::initStageFilterWithOverwritableTargets(Ids const& ids, bool c
     initStage(allowed, overwritable, multi, stageName);
 
     btree::btree_set<unsigned int> const fits(ids.begin(), ids.end());
-    Ids targets;
-    static_cast<void>(m_pickFilterManager->getActiveTargets(targets));
     Ids kept;
-    for (unsigned int const target : targets) {
+    for (unsigned int const target : activeTargets()) {
         if (fits.contains(target)) {
             kept.append(target);
         }
     }
-    targets.clear();
-    static_cast<void>(m_pickFilterManager->getPickTargets(targets));
+    Ids const targets = pickTargets();
     auto const switchedOn = std::find_if(targets.begin(), targets.end(), isNegative);
     if (switchedOn != targets.end() && contains(kept, magnitudeOf(*switchedOn))) {
         kept = Ids{*switchedOn};
@@ -217,46 +241,41 @@ void SelectFilter::initStageFilterWithOverwritableTargets(Ids const& ids, bool c
 
 void SelectFilter::clearFilters()
 {
-    static_cast<void>(m_pickFilterManager->clearPickFilter(kOwner));
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->clearPickFilter(kOwner));
+    }
 }
 
 void SelectFilter::getPickTargets(Ids& out)
 {
-    Ids targets;
-    static_cast<void>(m_pickFilterManager->getPickTargets(targets));
-    for (unsigned int const target : targets) {
+    for (unsigned int const target : pickTargets()) {
         out.append(magnitudeOf(target));
     }
 }
 
 void SelectFilter::getPickTargetTypes(Ids& out)
 {
-    out.clear();
-    static_cast<void>(m_pickFilterManager->getActiveTargets(out));
+    out = activeTargets();
     if (out.empty()) {
-        Ids targets;
-        static_cast<void>(m_pickFilterManager->getPickTargets(targets));
-        for (unsigned int const target : targets) {
-            out.append(target);
-        }
+        out = pickTargets();
     }
 }
 
 void SelectFilter::getUserHierarchies(Ids& out)
 {
-    static_cast<void>(m_pickFilterManager->getActiveTargets(out));
+    getActiveTargets(out);
 }
 
 void SelectFilter::setUserHierarchies(Ids& ids)
 {
-    Ids targets;
-    static_cast<void>(m_pickFilterManager->getPickTargets(targets));
     Ids rewritten;
-    for (unsigned int const target : targets) {
-        rewritten.append(contains(ids, target) ? negated(target) : target);
+    for (unsigned int const target : pickTargets()) {
+        rewritten.append(contains(ids, target) ? negated(magnitudeOf(target)) : target);
     }
-    static_cast<void>(
-        m_pickFilterManager->setPickFilter(kOwner, rewritten, kTheUsers, ids, true, kReserved));
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(
+            m_pickFilterManager->setPickFilter(kOwner, rewritten, kTheUsers, ids, true, kReserved));
+    }
 }
 
 void SelectFilter::setContiguousPickFlag(bool contiguous)
@@ -268,11 +287,16 @@ void SelectFilter::setContiguousPickFlag(bool contiguous)
 
 void SelectFilter::setMulitSelectionWithoutChangePickingFilter(bool multi)
 {
-    static_cast<void>(m_pickFilterManager->setMultiSelection(kOwner, multi));
+    if (m_pickFilterManager != NULLSP) {
+        static_cast<void>(m_pickFilterManager->setMultiSelection(kOwner, multi));
+    }
 }
 
 void SelectFilter::setPickMode(bool multi, ddm::SelectionChangeMode mode, bool clearHighlight)
 {
+    if (m_displayManager == NULLSP) {
+        return;
+    }
     KFRSmartPointer<ddm::KFRIPickingSettingAdapter> settings;
     static_cast<void>(m_displayManager->getPickingSettings(settings));
     if (settings != NULLSP) {

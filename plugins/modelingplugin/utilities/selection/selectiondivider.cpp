@@ -26,6 +26,9 @@ References expanded(KFRSmartPointer<CAE::IEntityReferenceConstListInterface> con
     appfw::IEntRefSequence containers;
     if (list != NULLSP && list->getContainers(containers).isOk()) {
         for (auto const& container : containers) {
+            if (container == NULLSP) {
+                continue;
+            }
             KFRSequence<unsigned int> types;
             static_cast<void>(container->getTypes(types));
             for (unsigned int const type : types) {
@@ -52,7 +55,7 @@ KFRSmartPointer<IEntityInterface> entityOf(CAE::EntityReference const& reference
 /// The first place where a part stands.
 KFRSmartPointer<IEntityInterface> firstInstanceOf(CAE::EntityReference const& reference)
 {
-    return KFR::strict_cast<IEntityInterface>(PluginHelper::getPartInstancebyPart(
+    return KFR::loose_cast<IEntityInterface>(PluginHelper::getPartInstancebyPart(
         KFR::loose_cast<CAE::IPersistentObjectInterface>(entityOf(reference))));
 }
 

@@ -11,6 +11,7 @@
 #include "plugins/modelingplugin/utilities/selection/elementtypes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vrn::orlo::plugin::modeling {
 
@@ -70,6 +71,11 @@ void addNamed(KFRSequence<KFRSmartPointer<Item>> const& items, References& out)
 class ElementAppender {
 public:
     explicit ElementAppender(References& out) : m_out(out) {}
+    /// All of one part, whatever part their bodies are in.
+    ElementAppender(References& out, KFRIService part)
+        : m_out(out), m_hasOnePart(true), m_part(std::move(part))
+    {
+    }
 
     void append(KFRSmartPointer<CAE::IMeshBodyInterface> const& body, unsigned long long id,
                 bool flag)
@@ -92,7 +98,7 @@ private:
     /// Finds the body's part, which is that of the body before for most elements.
     bool enter(KFRSmartPointer<CAE::IMeshBodyInterface> const& body)
     {
-        if (body.get() != m_body) {
+        if (!m_hasOnePart && body.get() != m_body) {
             m_body = body.get();
             m_part = KFR::loose_cast<CAE::IPartInterface>(PluginHelper::getPart(body));
         }
@@ -102,6 +108,7 @@ private:
     References& m_out;
     ElementTypes m_types;
     CAE::IMeshBodyInterface* m_body = nullptr;
+    bool m_hasOnePart = false;
     KFRIService m_part;
 };
 
@@ -200,7 +207,7 @@ void SelectionMakeup::add(KFRSmartPointer<CAE::IPartInterface> part, ElementIds 
         return;
     }
     reserveFor(m_references, ids.size());
-    ElementAppender elements(m_references);
+    ElementAppender elements(m_references, part);
     for (unsigned long long const id : ids) {
         elements.append(bodies[0], id, flag);
     }

@@ -66,6 +66,7 @@ TEST(SelectionMakeup, TakesElementsByTheirLocalNumberUnderTheirPart)
     EXPECT_EQ(made(asked, ElementIds{2}, false), Refs());
     part->bodies = {body, stray};
     EXPECT_EQ(made(asked, ElementIds{2, 4, 3}, false), (Refs{quad, solid}));
+    part->bodies.reset();  // they hold each other
 }
 
 TEST(ElementSelectionMakeup, PacksByMeshAndTopology)

@@ -81,7 +81,7 @@ constexpr std::array kBuckets{BucketRow{"parts", &SelectionDivider::parts},
 void printBuckets(SelectionDivider const& divider, std::size_t picked, std::size_t limit,
                   PickSource& source)
 {
-    std::printf("divided\n");
+    std::printf("divided; places are in the coordinates of the part\n");
     for (BucketRow const& row : kBuckets) {
         auto const& bucket = (divider.*row.m_bucket)();
         picked -= bucket.size();

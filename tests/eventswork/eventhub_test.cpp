@@ -303,6 +303,19 @@ TEST(EventHub, WorksWithoutAnEventManagerAndRefusesAnythingElseInItsPlace)
     EXPECT_THROW(Hub::getDomainId("a"), KFRSystemException);
 }
 
+TEST(EventHub, LetsAClientGoWhateverTheEndOfItsSubscriptionThrows)
+{
+    EventScope scope;
+    Client client;
+    hub().addDomainEventHandler(kDomain, &client);
+    scope.platform.services().putStranger("KFR.Framework.EventManager");
+    ServiceHelper::releaseServices();
+    EXPECT_THROW(hub().removeDomainEventHandler(kDomain, &client), KFRSystemException);
+    EXPECT_EQ(publish(kDomain, 1), 0);
+    scope.platform.services().put("KFR.Framework.EventManager", scope.manager);
+    ServiceHelper::releaseServices();
+}
+
 TEST(EventHub, TellsAThreadThatDeliversOfEachChangeOfAnother)
 {
     EventScope scope;

@@ -52,8 +52,10 @@ int main()
         std::map<long long, std::vector<std::function<void(long long, KFREvent const&)>>> bare;
         for (Client& client : clients) {
             EventHandler::instance()->addDomainEventHandler(kDomain, &client);
-            auto const call = [&client](long long domain, KFREvent const& event) {
-                client.handle(domain, event);
+            // By the interface, as the hub has to: only the handing out differs.
+            auto const call = [handler = static_cast<IKFREventHandler*>(&client)](
+                                  long long domain, KFREvent const& event) {
+                handler->handle(domain, event);
             };
             signal.connect(call);
             bare[kDomain].push_back(call);

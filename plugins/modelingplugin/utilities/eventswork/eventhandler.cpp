@@ -43,13 +43,28 @@ struct EventHandler::View {
     int m_deliveries = 0;             ///< That the thread is in the middle of.
     std::vector<Domains> m_replaced;  ///< What these still walk over.
 
+    // Events of one domain come in rows.
+    long long m_lastDomain = 0;
+    Clients const* m_lastClients = nullptr;
+
     /// The clients of a domain; null when it has none.
-    [[nodiscard]] Clients const* clientsOf(long long domain) const noexcept
+    [[nodiscard]] Clients const* clientsOf(long long domain) noexcept
+    {
+        if (domain != m_lastDomain) {
+            find(domain);
+        }
+        return m_lastClients;
+    }
+    [[gnu::noinline]] void find(long long domain) noexcept
     {
         auto const found =
             std::ranges::lower_bound(m_domains, domain, {}, &Domains::value_type::first);
-        return found != m_domains.end() && found->first == domain ? found->second.get() : nullptr;
+        m_lastDomain = domain;
+        m_lastClients =
+            found != m_domains.end() && found->first == domain ? found->second.get() : nullptr;
     }
+    /// What deliveries that have ended walked over.
+    [[gnu::noinline]] void dropReplaced() noexcept { m_replaced.clear(); }
 
     /// The calling thread's, made at its first event; null when the thread's objects are gone.
     static View* ofThread();
@@ -84,7 +99,7 @@ public:
     ~Delivery()
     {
         if (--m_view.m_deliveries == 0 && !m_view.m_replaced.empty()) {
-            m_view.m_replaced.clear();
+            m_view.dropReplaced();
         }
     }
 
@@ -134,13 +149,13 @@ long long EventHandler::getGUIChannelId()
 void EventHandler::addDomainEventHandler(long long domain, IKFREventHandler* client)
 {
     std::lock_guard const lock(m_mutex);
+    noteChange();
     auto const known = m_handlers.find(domain);
     Clients clients = known != m_handlers.end() ? *known->second : Clients();
     auto const place = std::ranges::lower_bound(clients, client, std::less<>());
     if (place == clients.end() || *place != client) {
         clients.insert(place, client);
         m_handlers.insert_or_assign(domain, std::make_shared<Clients const>(std::move(clients)));
-        noteChange();
     }
     EventListener::getDefListener()->listenDomainEvent(domain);
 }
@@ -148,6 +163,7 @@ void EventHandler::addDomainEventHandler(long long domain, IKFREventHandler* cli
 void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* client)
 {
     std::lock_guard const lock(m_mutex);
+    noteChange();
     auto const found = m_handlers.find(domain);
     if (found == m_handlers.end()) {
         return;
@@ -165,7 +181,6 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
     } else {
         found->second = std::make_shared<Clients const>(std::move(clients));
     }
-    noteChange();
     if (wasLast) {
         EventListener::getDefListener()->removeDomainListener(domain);
     }
@@ -174,19 +189,19 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
 void EventHandler::removeDomainEventHandlers(long long domain)
 {
     std::lock_guard const lock(m_mutex);
-    m_handlers.erase(domain);
     noteChange();
+    m_handlers.erase(domain);
     EventListener::getDefListener()->removeDomainListener(domain);
 }
 
 void EventHandler::removeAllEventHandler()
 {
     std::lock_guard const lock(m_mutex);
+    noteChange();
     for (auto const& [domain, clients] : m_handlers) {
         EventListener::getDefListener()->removeDomainListener(domain);
     }
     m_handlers.clear();
-    noteChange();
 }
 
 void EventHandler::refresh(View& view)
@@ -197,6 +212,7 @@ void EventHandler::refresh(View& view)
     }
     view.m_domains.assign(m_handlers.begin(), m_handlers.end());
     view.m_version = m_version.load(std::memory_order_relaxed);
+    view.find(view.m_lastDomain);
 }
 
 HandleEventStatus EventHandler::deliver(Clients const& clients, KFREvent const& event)
@@ -213,8 +229,9 @@ HandleEventStatus EventHandler::handleEvent(KFREvent const& event)
     if (view == nullptr) {
         return handleWithoutView(event);
     }
-    // Who changes the clients holds the lock and must not get here meanwhile: refresh() throws then.
-    if (view->m_version != m_version.load(std::memory_order_acquire) || m_mutex.isHeldHere()) {
+    // Also while the clients are being changed: refresh() waits for that, or throws on the thread
+    // that does it.
+    if (view->m_version != m_version.load(std::memory_order_acquire)) {
         refresh(*view);
     }
     Clients const* const clients = view->clientsOf(event.domain);

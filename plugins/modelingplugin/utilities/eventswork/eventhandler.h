@@ -92,7 +92,8 @@ private:
     static HandleEventStatus deliver(Clients const& clients, KFREvent const& event);
     /// For threads that are about to end.
     HandleEventStatus handleWithoutView(KFREvent const& event);
-    /// To be called under the lock after each change.
+    /// To be called under the lock before a change: from then on nobody goes by what he saw, and who
+    /// looks again has to wait for the lock.
     void noteChange() noexcept
     {
         m_version.fetch_add(1, std::memory_order_release);

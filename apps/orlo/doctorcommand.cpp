@@ -5,6 +5,7 @@
 #include "platform/appfw/appfw.h"
 #include "platform/appfw/entity.h"
 #include "plugins/modelingplugin/utilities/componentframe/componentinfo.h"
+#include "plugins/modelingplugin/utilities/componentframe/localizationhelper.h"
 #include "plugins/modelingplugin/utilities/componentframe/servicehelper.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ namespace vrn::orlo::app {
 
 namespace {
 
+using plugin::modeling::LocalStr;
 using plugin::modeling::ServiceHelper;
 
 struct HeldRow {
@@ -49,6 +51,10 @@ int doctor(SessionOptions const& sessionOptions)
         std::printf("  %-20s %s\n", key.c_str(), value.c_str());
     }
     std::printf("  %s\n\n", plugin::modeling::componentinfo::description().c_str());
+
+    constexpr int kRangeMessage = 10614;
+    std::printf("messages read like this: %s\n\n",
+                LocalStr(kRangeMessage).format(u"x", u"0", u"1").getStr().c_str());
 
     std::printf("services by name: operation, name, what answers\n");
     std::size_t answering = 0;

@@ -9,6 +9,8 @@
 #include <set>
 #include <string>
 
+#include <stdlib.h>  // NOLINT: setenv is POSIX's
+
 namespace vrn::orlo::app {
 namespace {
 
@@ -133,6 +135,14 @@ TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
     EXPECT_THAT(run.m_out,
                 ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +vrn"));
     EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGSCServer +vrn.orlo.gsc.GSCMain +-"));
+}
+
+TEST(OrloDoctor, SpeaksTheUsersLanguage)
+{
+    setenv("LC_ALL", "de_AT.UTF-8", 1);
+    EXPECT_THAT(runOrlo({"doctor"}).m_out, HasSubstr("x muss zwischen 0 und 1 liegen"));
+    setenv("LC_ALL", "fr_FR.UTF-8", 1);  // not shipped
+    EXPECT_THAT(runOrlo({"doctor"}).m_out, HasSubstr("x must be between 0 and 1"));
 }
 
 }  // namespace

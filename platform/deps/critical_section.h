@@ -63,14 +63,13 @@ public:
         return m_owner.load(std::memory_order_relaxed);
     }
 
-    /// Whether the calling thread holds the lock.
+private:
     [[nodiscard]] bool isHeldHere() const noexcept
     {
         std::thread::id const holder = owner();
         return holder != std::thread::id() && holder == std::this_thread::get_id();
     }
 
-private:
     tbb::mutex m_mutex;
     std::atomic<std::thread::id> m_owner{};
 };

@@ -21,18 +21,6 @@ namespace vrn::orlo::host::geometry {
 
 namespace fs = std::filesystem;
 
-void RealFile::SetUp()
-{
-    if (!fs::exists(ORLO_SHARED_DATA)) {
-        GTEST_SKIP() << "REAL FILES NOT TESTED: there is no folder " << ORLO_SHARED_DATA;
-    }
-}
-
-fs::path RealFile::stepFile(std::string const& name)
-{
-    return fs::path(ORLO_SHARED_DATA) / "step" / name;
-}
-
 WithFolder::WithFolder()
 {
     auto const* const test = ::testing::UnitTest::GetInstance()->current_test_info();

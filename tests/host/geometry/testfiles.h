@@ -5,6 +5,8 @@
 
 #include "host/geometry/geometryimport.h"
 
+#include "tests/support/shareddata.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -18,11 +20,13 @@
 
 namespace vrn::orlo::host::geometry {
 
-/// Tests on real files: skipped, with a loud line, where the shared folder is missing.
-class RealFile : public ::testing::Test {
+/// Tests on real STEP files.
+class RealFile : public test::WithSharedData {
 protected:
-    void SetUp() override;
-    [[nodiscard]] static std::filesystem::path stepFile(std::string const& name);
+    [[nodiscard]] static std::filesystem::path stepFile(std::string const& name)
+    {
+        return sharedFile("step", name);
+    }
 };
 
 /// A folder of its own for each test, removed at the end.

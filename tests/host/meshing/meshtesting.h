@@ -5,6 +5,8 @@
 
 #include "host/meshing/abaqusreader.h"
 
+#include "tests/support/shareddata.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,18 +16,12 @@
 
 namespace vrn::orlo::host::meshing {
 
-/// Tests on real files: skipped, with a loud line, where the shared folder is missing.
-class RealMesh : public ::testing::Test {
+/// Tests on real mesh files.
+class RealMesh : public test::WithSharedData {
 protected:
-    void SetUp() override
-    {
-        if (!std::filesystem::exists(ORLO_SHARED_DATA)) {
-            GTEST_SKIP() << "REAL FILES NOT TESTED: there is no folder " << ORLO_SHARED_DATA;
-        }
-    }
     [[nodiscard]] static std::filesystem::path meshFile(std::string const& name)
     {
-        return std::filesystem::path(ORLO_SHARED_DATA) / "mesh" / name;
+        return sharedFile("mesh", name);
     }
 };
 

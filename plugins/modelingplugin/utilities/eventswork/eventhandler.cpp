@@ -174,16 +174,13 @@ void EventHandler::removeDomainEventHandler(long long domain, IKFREventHandler* 
         return;
     }
     clients.erase(place);
-    // The client first: it may go, whatever the subscription's end throws.
-    bool const wasLast = clients.empty();
-    if (wasLast) {
-        m_handlers.erase(found);
-    } else {
+    if (!clients.empty()) {
         found->second = std::make_shared<Clients const>(std::move(clients));
+        return;
     }
-    if (wasLast) {
-        EventListener::getDefListener()->removeDomainListener(domain);
-    }
+    // The client first: it may go, whatever the subscription's end throws.
+    m_handlers.erase(found);
+    EventListener::getDefListener()->removeDomainListener(domain);
 }
 
 void EventHandler::removeDomainEventHandlers(long long domain)

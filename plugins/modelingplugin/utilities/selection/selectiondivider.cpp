@@ -141,9 +141,13 @@ SelectionDivider::SelectionDivider(
 
 void SelectionDivider::divide(References const& selection, Tests tests)
 {
+    // Where a type goes; neither, and it is left out.
+    struct Way {
+        References* m_bucket = nullptr;
+        bool m_isPart = false;
+    };
     // The answer depends on the type alone, and a selection has many references of few types.
-    std::unordered_map<unsigned int, References*> buckets;
-    std::unordered_map<unsigned int, bool> isPart;
+    std::unordered_map<unsigned int, Way> ways;
     auto const bucketOf = [this, tests](CAE::EntityReference const& reference) -> References* {
         unsigned int const type = reference.typeId;
         bool const isBody = tests == Tests::table ? SelectFilter::isSelectFilter(FilterBody, type)
@@ -171,19 +175,20 @@ void SelectionDivider::divide(References const& selection, Tests tests)
         return SelectFilter::isSectionProperty(reference) ? &m_sections : nullptr;
     };
     for (CAE::EntityReference const& reference : selection) {
-        auto const [known, isNew] = buckets.try_emplace(reference.typeId, nullptr);
+        auto const [row, isNew] = ways.try_emplace(reference.typeId);
+        Way& way = row->second;
         if (isNew) {
             if (SelectFilter::isSelectFilter(FilterPartInstance, reference.typeId)) {
-                known->second = &m_parts;
+                way.m_bucket = &m_parts;
             } else if (SelectFilter::isPart(reference)) {
-                isPart[reference.typeId] = true;
+                way.m_isPart = true;
             } else {
-                known->second = bucketOf(reference);
+                way.m_bucket = bucketOf(reference);
             }
         }
-        if (known->second != nullptr) {
-            known->second->append(reference);
-        } else if (!isPart.empty() && isPart.contains(reference.typeId)) {
+        if (way.m_bucket != nullptr) {
+            way.m_bucket->append(reference);
+        } else if (way.m_isPart) {
             if (auto const instance = firstInstanceOf(reference); instance != NULLSP) {
                 m_parts.append(instance->getEntityReference());
             }

@@ -22,21 +22,17 @@ constexpr std::array kPlaneStems{"S",   "DS",   "CPS",  "CPE", "CPEG",
 
 constexpr std::array kSolids{
     NameRow{"", "4",  ElementType::tetra4},
-    NameRow{"", "5",  ElementType::pyramid5},
     NameRow{"", "6",  ElementType::wedge6},
     NameRow{"", "8",  ElementType::hexa8},
     NameRow{"", "10", ElementType::tetra10},
-    NameRow{"", "13", ElementType::pyramid13},
     NameRow{"", "15", ElementType::wedge15},
     NameRow{"", "20", ElementType::hexa20},
-    NameRow{"", "27", ElementType::hexa27},
 };
 constexpr std::array kPlanes{
     NameRow{"", "3", ElementType::triangle3},
     NameRow{"", "4", ElementType::quad4},
     NameRow{"", "6", ElementType::triangle6},
     NameRow{"", "8", ElementType::quad8},
-    NameRow{"", "9", ElementType::quad9},
 };
 constexpr std::array kOthers{
     NameRow{"STRI",     "3",  ElementType::triangle3},

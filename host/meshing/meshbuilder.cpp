@@ -52,12 +52,26 @@ void MeshBuilder::addNode(ExternalId id, Point const& position, SetIndex set, So
     }
 }
 
+std::uint16_t MeshBuilder::group(std::uint8_t dimension, std::string const& name)
+{
+    auto& groups = m_content.m_groups;
+    auto const found = std::find_if(groups.begin(), groups.end(), [&](MeshGroup const& row) {
+        return row.m_dimension == dimension && row.m_name == name;
+    });
+    auto const index = static_cast<std::uint16_t>(found - groups.begin());
+    if (found == groups.end()) {
+        groups.push_back({0, dimension, 0, name});
+    }
+    return index;
+}
+
 void MeshBuilder::addElement(ExternalId id, ElementType type, std::uint16_t typeName, SetIndex set,
-                             SourceLine line)
+                             SourceLine line, std::uint16_t group)
 {
     m_elementIds.push_back(id);
     m_elementLines.push_back(line);
-    m_content.m_rows.push_back({static_cast<std::uint32_t>(m_connectivity.size()), typeName, type});
+    m_content.m_rows.push_back(
+        {static_cast<std::uint32_t>(m_connectivity.size()), typeName, type, group});
     if (set != kNoSet) {
         setsOf(SetKind::elements)
             .m_sets[set]

@@ -34,11 +34,15 @@ public:
     /// Index of a name for addElement().
     [[nodiscard]] std::uint16_t typeName(std::string const& name);
 
+    /// Index of a group for addElement(), which is made if it is new. A file that names groups
+    /// names one for each of its elements.
+    [[nodiscard]] std::uint16_t group(std::uint8_t dimension, std::string const& name);
+
     /// \param set  into which the node comes; or kNoSet
     void addNode(ExternalId id, Point const& position, SetIndex set, SourceLine line);
     /// The type's number of calls of addElementNode() is to follow.
     void addElement(ExternalId id, ElementType type, std::uint16_t typeName, SetIndex set,
-                    SourceLine line);
+                    SourceLine line, std::uint16_t group = 0);
     void addElementNode(ExternalId node) { m_connectivity.push_back(node); }
 
     /// Ids from first to last by step, as far as the file has them.

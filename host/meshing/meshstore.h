@@ -30,6 +30,37 @@ struct MeshSet {
     std::vector<LocalNumber> m_numbers;  ///< Ascending, each once.
 };
 
+/// A mesh body of a part: the mesh of one geometry body, or one without geometry.
+struct MeshBodyRow {
+    std::string m_name;
+    unsigned m_entity = 0;  ///< Number of the geometry body in its model; 0 for none.
+};
+
+/// The elements of one dimension of a mesh body that lie on one geometry entity, or that a file
+/// holds together: a sub-mesh.
+struct MeshGroup {
+    std::uint16_t m_body = 0;  ///< Index of the mesh body.
+    std::uint8_t m_dimension = 0;
+    unsigned m_entity = 0;  ///< Number of the geometry entity in its model; 0 for none.
+    std::string m_name;     ///< "volume 3", "property 7"; empty for the only one of its dimension.
+};
+
+/// A face of an element, whose number counts from 0 as in elementfaces.h.
+struct ElementFace {
+    LocalNumber m_element = 0;
+    std::uint8_t m_face = 0;
+
+    friend auto operator<=>(ElementFace const&, ElementFace const&) = default;
+};
+
+/// What of a mesh lies on a geometry entity, whether elements of its own dimension do or not.
+struct EntityMesh {
+    unsigned m_entity = 0;             ///< Number of the geometry entity in its model.
+    std::vector<LocalNumber> m_nodes;  ///< On it and on what bounds it; ascending.
+    /// For a face: the faces of the solid elements that lie on it; ascending.
+    std::vector<ElementFace> m_faces;
+};
+
 /// The set of a name; null when there is none.
 [[nodiscard]] MeshSet const* findSet(std::vector<MeshSet> const& sets,
                                      std::string_view name) noexcept;
@@ -39,11 +70,12 @@ struct MeshSet {
 /// Units      Of the file, in coordinates of the part.
 /// Shape      Of any dimension mixed; the elements of one dimension are one continuous mesh. A
 ///            point element belongs to none.
-/// Order      Of the file, which local numbers follow. The nodes of an element are in the order of
-///            the file's format.
+/// Order      Of the file, which local numbers follow. The nodes of an element: corners, then the
+///            nodes in the middle of its sides; in detail as Abaqus has them, but for lines, whose
+///            middle comes last.
 /// Failure    std::out_of_range for a local number that is not there.
 /// Threads    A value that does not change: any thread reads.
-/// Cost       At most 48 bytes per node, 32 per element, and 4 per node of an element.
+/// Cost       At most 48 bytes per node, 36 per element, and 4 per node of an element.
 class MeshStore {
 public:
     /// An element as it is stored; its id is in the numbering.
@@ -51,6 +83,7 @@ public:
         std::uint32_t m_firstNode;  ///< Where its nodes begin in the connectivity.
         std::uint16_t m_typeName;   ///< Index of the file's name for the type.
         ElementType m_type;
+        std::uint16_t m_group = 0;  ///< Index of its group.
     };
 
     /// What a store is made of; the numbering of elements goes with m_rows, that of nodes with
@@ -65,6 +98,11 @@ public:
         std::vector<std::string> m_typeNames;
         std::vector<MeshSet> m_nodeSets;
         std::vector<MeshSet> m_elementSets;
+        /// Empty for one body with the part's name.
+        std::vector<MeshBodyRow> m_bodies;
+        /// Empty for one group per dimension, in the only body; rows need not name theirs then.
+        std::vector<MeshGroup> m_groups;
+        std::vector<EntityMesh> m_entities;  ///< Ascending by entity.
     };
     explicit MeshStore(Content content);
 
@@ -89,6 +127,24 @@ public:
     }
     [[nodiscard]] std::span<LocalNumber const> nodesOf(LocalNumber element) const;
 
+    /// At least one.
+    [[nodiscard]] std::vector<MeshBodyRow> const& bodies() const noexcept
+    {
+        return m_content.m_bodies;
+    }
+    [[nodiscard]] std::vector<MeshGroup> const& groups() const noexcept
+    {
+        return m_content.m_groups;
+    }
+    /// Index of an element's group.
+    [[nodiscard]] std::uint16_t groupOf(LocalNumber element) const { return row(element).m_group; }
+    /// What lies on a geometry entity; null where nothing does, or where that is not known.
+    [[nodiscard]] EntityMesh const* meshOn(unsigned entity) const noexcept;
+    [[nodiscard]] std::vector<EntityMesh> const& entities() const noexcept
+    {
+        return m_content.m_entities;
+    }
+
     /// Elements of a dimension, 0 to 3: how many, and their numbers ascending.
     [[nodiscard]] LocalNumber countOf(std::uint8_t dimension) const
     {
@@ -111,6 +167,7 @@ private:
     {
         return m_content.m_rows.at(std::size_t{element} - 1);
     }
+    void groupByDimension();
 
     Content m_content;
     MeshBox m_box;

@@ -118,7 +118,6 @@ TEST(AbaqusElementTypes, AreKnownWithAndWithoutTheirFormulation)
         {"CPS6", ElementType::triangle6},
         {"CPE4R", ElementType::quad4},
         {"CAX8R", ElementType::quad8},
-        {"M3D9R", ElementType::quad9},
         {"B31R", ElementType::line2},
         {"B32", ElementType::line3},
         {"T3D2", ElementType::line2},

@@ -10,7 +10,7 @@ packages=(
     libicu-dev libabsl-dev libtbb-dev libfftw3-dev
     # the host
     icu-devtools libpugixml-dev libspdlog-dev libyaml-cpp-dev nlohmann-json3-dev libcli11-dev
-    libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
+    libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev libgmsh-dev libsqlite3-dev
     # tests
     libgtest-dev libgmock-dev libudunits2-dev
     # benchmarks

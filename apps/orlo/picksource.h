@@ -5,7 +5,7 @@
 
 #include "apps/orlo/pickcommand.h"
 #include "apps/orlo/session.h"
-#include "host/meshing/meshpart.h"
+#include "host/meshing/meshedpart.h"
 #include "host/model/model.h"
 #include "host/selection/pickfiltermanager.h"
 #include "platform/caedata/entityreference.h"

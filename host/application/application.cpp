@@ -3,6 +3,9 @@
 #include "host/commands/modifyobjects.h"
 #include "host/commands/transactionbroker.h"
 #include "host/kernel/servicename.h"
+#include "host/meshing/beamchain.h"
+#include "host/meshing/freefaces.h"
+#include "host/meshing/skinfaces.h"
 #include "host/model/eomfactory.h"
 #include "host/model/referencecontainer.h"
 #include "host/model/referencelist.h"
@@ -23,6 +26,18 @@ namespace fs = std::filesystem;
 using Holder = plugin::modeling::ServiceCacheModelingPlugin;
 
 constexpr char const* kPlugin = "VRN.ModelingPlugin";
+
+constexpr int kWindowWidth = 1000;
+constexpr int kWindowHeight = 800;
+
+/// From a corner, until there is something to look at.
+display::Camera firstView()
+{
+    constexpr double kHalf = 50.0;
+    return display::Camera::fit({{-kHalf, -kHalf, -kHalf}, {kHalf, kHalf, kHalf}}, kWindowWidth,
+                                kWindowHeight, display::Projection::orthographic, {-1.0, 1.0, -1.0},
+                                {0.0, 0.0, 1.0});
+}
 
 kernel::ConfigurationManager::Options settingsOptions(Application::Options const& options)
 {
@@ -69,6 +84,7 @@ Application::Application(kernel::Kernel& kernel, Options const& options)
       m_entities(KFR::make<model::RootManager>(m_entityService)),
       m_persistence(KFR::make<model::Persistence>()),
       m_display(KFR::make<selection::DisplayManager>()),
+      m_viewport(KFR::make<display::Viewport>(firstView())),
       m_selection(KFR::make<selection::SelectionManager>(m_events, m_display->pickingSettings())),
       m_meshEntities(KFR::make<meshing::FEMEntities>(
           KFRSmartPointer<KFR::Services::TypeRegistry::ITypeRegistryInterface>(
@@ -86,6 +102,7 @@ Application::Application(kernel::Kernel& kernel, Options const& options)
     m_executive = KFR::make<commands::Executive>(std::move(executive));
 
     require(commands::registerCoreCommands(*m_processor, m_entityService), "a core command");
+    m_display->setViewportAdapter(m_viewport);
     registerPanel();
     registerServices(kernel, options);
 }
@@ -117,6 +134,9 @@ void Application::registerServices(kernel::Kernel& kernel, Options const& option
     add(serviceNameOf("getDisplayDataManager"), m_display);
     add(serviceNameOf("getFEMEntities"), m_meshEntities);
     add(serviceNameOf("getFEMPMService"), KFR::make<meshing::FEMPluginManager>());
+    add(serviceNameOf("getFreeFaceService"), KFR::make<meshing::FreeFaceService>());
+    add(serviceNameOf("getMeshUtility"), KFR::make<meshing::SkinService>());
+    add(serviceNameOf("getMUCBeamTessService"), KFR::make<meshing::BeamChainService>());
 
     Holder::configMgr_ = m_settings;
     Holder::commandProcessor_ = m_processor;

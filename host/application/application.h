@@ -5,6 +5,7 @@
 
 #include "host/commands/commandprocessor.h"
 #include "host/commands/executive.h"
+#include "host/display/viewport.h"
 #include "host/kernel/configurationmanager.h"
 #include "host/kernel/eventmanager.h"
 #include "host/kernel/kernel.h"
@@ -31,7 +32,8 @@ namespace vrn::orlo::host::application {
 /// Makes the services of an application that have nothing to do with geometry, and has the kernel
 /// know them, by name and in the holders: settings, events, texts and messages, boxes, commands
 /// with their history, transactions, the executive's queue, entities and references to them, open
-/// models, selection and pick filters, entities of meshes.
+/// models, selection and pick filters, a viewport, entities of meshes, faces of elements and chains
+/// of beams.
 ///
 /// To be made after the kernel and before a component is loaded.
 ///
@@ -74,6 +76,8 @@ public:
     [[nodiscard]] model::PersistenceSession& models() noexcept { return m_persistence->session(); }
     [[nodiscard]] selection::SelectionManager& selection() noexcept { return *m_selection; }
     [[nodiscard]] selection::DisplayManager& display() noexcept { return *m_display; }
+    /// 1000 by 800 pixels; what it shows is its user's to say.
+    [[nodiscard]] display::Viewport& viewport() noexcept { return *m_viewport; }
     [[nodiscard]] meshing::FEMEntities& meshEntities() noexcept { return *m_meshEntities; }
     [[nodiscard]] shell::Boxes& boxes() noexcept { return m_boxes; }
     [[nodiscard]] shell::AtMousePanel& atMousePanel() noexcept { return m_atMousePanel; }
@@ -99,6 +103,7 @@ private:
     KFRSmartPointer<model::RootManager> m_entities;
     KFRSmartPointer<model::Persistence> m_persistence;
     KFRSmartPointer<selection::DisplayManager> m_display;
+    KFRSmartPointer<display::Viewport> m_viewport;
     KFRSmartPointer<selection::SelectionManager> m_selection;
     KFRSmartPointer<meshing::FEMEntities> m_meshEntities;
 };

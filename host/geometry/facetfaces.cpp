@@ -1,40 +1,19 @@
 #include "host/geometry/facetfaces.h"
 
+#include "host/geometry/facets.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
 #include <utility>
 
-#include <BRep_Tool.hxx>
-#include <Poly_Triangulation.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 
 namespace vrn::orlo::host::geometry {
 
 namespace {
-
-using Corners = std::array<gp_XYZ, 3>;
-
-template <typename Visit>
-void forEachFacet(TopoDS_Face const& face, Visit const& visit)
-{
-    TopLoc_Location location;
-    Handle(Poly_Triangulation) const mesh = BRep_Tool::Triangulation(face, location);
-    for (int i = 1; !mesh.IsNull() && i <= mesh->NbTriangles(); ++i) {
-        std::array<int, 3> nodes{};
-        mesh->Triangle(i).Get(nodes[0], nodes[1], nodes[2]);
-        if (face.Orientation() == TopAbs_REVERSED) {
-            std::swap(nodes[1], nodes[2]);
-        }
-        Corners corners;
-        for (std::size_t k = 0; k < 3; ++k) {
-            corners[k] = mesh->Node(nodes[k]).Transformed(location.Transformation()).XYZ();
-        }
-        visit(corners);
-    }
-}
 
 double squaredToSegment(gp_XYZ const& point, gp_XYZ const& a, gp_XYZ const& b)
 {
@@ -44,7 +23,7 @@ double squaredToSegment(gp_XYZ const& point, gp_XYZ const& a, gp_XYZ const& b)
     return (point - a - along * at).SquareModulus();
 }
 
-double squaredToFacet(gp_XYZ const& point, Corners const& corners)
+double squaredToFacet(gp_XYZ const& point, FacetCorners const& corners)
 {
     gp_XYZ const normal = (corners[1] - corners[0]).Crossed(corners[2] - corners[0]);
     double nearest = std::numeric_limits<double>::infinity();
@@ -63,7 +42,7 @@ double squaredToFacet(gp_XYZ const& point, Corners const& corners)
 }
 
 /// The solid angle under which a point sees a triangle; negative from its back.
-double solidAngle(gp_XYZ const& point, Corners const& corners)
+double solidAngle(gp_XYZ const& point, FacetCorners const& corners)
 {
     std::array<gp_XYZ, 3> const rays{corners[0] - point, corners[1] - point, corners[2] - point};
     std::array<double, 3> const l{rays[0].Modulus(), rays[1].Modulus(), rays[2].Modulus()};
@@ -94,7 +73,7 @@ bool hasFacetFaces(TopoDS_Shape const& shape)
 double distanceToFacets(TopoDS_Face const& face, gp_XYZ const& point)
 {
     double nearest = std::numeric_limits<double>::infinity();
-    forEachFacet(face, [&](Corners const& corners) {
+    forEachFacetOf(face, [&](FacetCorners const& corners) {
         nearest = std::min(nearest, squaredToFacet(point, corners));
     });
     return std::sqrt(nearest);
@@ -104,8 +83,8 @@ bool areFacetsAround(TopoDS_Shape const& shape, gp_XYZ const& point)
 {
     double sum = 0.0;
     for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
-        forEachFacet(TopoDS::Face(it.Current()),
-                     [&](Corners const& corners) { sum += solidAngle(point, corners); });
+        forEachFacetOf(TopoDS::Face(it.Current()),
+                     [&](FacetCorners const& corners) { sum += solidAngle(point, corners); });
     }
     return std::abs(sum) > 2.0 * std::numbers::pi;  // a whole turn inside, none outside
 }
@@ -114,13 +93,13 @@ std::optional<MiddleFacet> middleFacet(TopoDS_Face const& face)
 {
     gp_XYZ centre;
     double area = 0.0;
-    auto const middle = [](Corners const& c) {
+    auto const middle = [](FacetCorners const& c) {
         return (c[0] + c[1] + c[2]) / 3.0;
     };
-    auto const normal = [](Corners const& c) {
+    auto const normal = [](FacetCorners const& c) {
         return (c[1] - c[0]).Crossed(c[2] - c[0]);
     };
-    forEachFacet(face, [&](Corners const& corners) {
+    forEachFacetOf(face, [&](FacetCorners const& corners) {
         double const weight = normal(corners).Modulus();
         centre += middle(corners) * weight;
         area += weight;
@@ -131,7 +110,7 @@ std::optional<MiddleFacet> middleFacet(TopoDS_Face const& face)
     centre /= area;
     MiddleFacet found;
     double nearest = std::numeric_limits<double>::infinity();
-    forEachFacet(face, [&](Corners const& corners) {
+    forEachFacetOf(face, [&](FacetCorners const& corners) {
         gp_XYZ const own = normal(corners);
         double const distance = (middle(corners) - centre).SquareModulus();
         if (distance < nearest && own.Modulus() > 0.0) {

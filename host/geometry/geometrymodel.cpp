@@ -116,6 +116,17 @@ GeometryModel::GeometryModel(GeometryModel&&) noexcept = default;
 GeometryModel& GeometryModel::operator=(GeometryModel&&) noexcept = default;
 GeometryModel::~GeometryModel() = default;
 
+void GeometryModel::numberFrom(unsigned first)
+{
+    unsigned const shift = first - m_firstNumber;
+    for (Entity& entity : m_entities) {
+        entity.m_number += shift;
+        entity.m_body += shift;
+    }
+    m_shapes->shiftNumbers(shift);
+    m_firstNumber = first;
+}
+
 std::span<Entity const> GeometryModel::entitiesOf(std::size_t part) const noexcept
 {
     if (part >= m_parts.size()) {
@@ -127,7 +138,9 @@ std::span<Entity const> GeometryModel::entitiesOf(std::size_t part) const noexce
 
 Entity const* GeometryModel::entity(unsigned number) const noexcept
 {
-    return number == 0 || number > m_entities.size() ? nullptr : &m_entities[number - 1];
+    // A number before the first one wraps around to a very high index.
+    unsigned const index = number - m_firstNumber;
+    return index < m_entities.size() ? &m_entities[index] : nullptr;
 }
 
 std::vector<unsigned> GeometryModel::children(unsigned number, EntityClass entityClass) const

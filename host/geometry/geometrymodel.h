@@ -43,7 +43,7 @@ enum class EntityClass : std::uint8_t {
 
 /// One topological entity of one part. What it measures is GeometryModel::measure().
 struct Entity {
-    unsigned m_number = 0;  ///< The entity's number in the model, from 1. Unique over all classes.
+    unsigned m_number = 0;  ///< The entity's number. Unique over all classes.
     EntityClass m_class = EntityClass::vertex;
     unsigned m_part = 0;  ///< Index of its part in GeometryModel::parts().
     unsigned m_body = 0;  ///< Number of the body it belongs to; its own number for a body.
@@ -115,7 +115,8 @@ class ShapeStore;  // the kernel's shapes, in shapestore.h, for the sources of t
 ///
 /// Units      mm, mm2, mm3, whatever the unit of the file was.
 /// Order      Entities of a part stand together: bodies, volumes, faces, edges, vertices, each in
-///            the kernel's map order. Two imports of one file give the same numbers.
+///            the kernel's map order. Two imports of one file give the same numbers, from 1 unless
+///            numberFrom() says otherwise.
 /// Ownership  Move-only. Spans and references live as long as the model.
 /// Threads    Const operations may run on several threads.
 class GeometryModel {
@@ -130,10 +131,15 @@ public:
     std::vector<std::string> m_warnings;  ///< One line each, for the user.
     std::vector<Instance> m_roots;   ///< The free assemblies and parts of the file, in its order.
     std::vector<Part> m_parts;       ///< In the order of their first use in the tree.
-    std::vector<Entity> m_entities;  ///< Entity number n stands at index n - 1.
+    std::vector<Entity> m_entities;  ///< Number n stands at index n - firstNumber().
     Counts m_totals;                 ///< Over all instances: a part used twice counts twice.
     unsigned m_assemblyCount = 0;    ///< Distinct assemblies (products with components).
     Box m_box;                       ///< Over all instances, in model coordinates.
+
+    [[nodiscard]] unsigned firstNumber() const noexcept { return m_firstNumber; }
+    /// Moves all numbers, so that they are unique among several models. To be called before anybody
+    /// remembers one.
+    void numberFrom(unsigned first);
 
     /// The entities of a part, in number order. An index out of range gives an empty span.
     [[nodiscard]] std::span<Entity const> entitiesOf(std::size_t part) const noexcept;
@@ -163,6 +169,7 @@ public:
     [[nodiscard]] ShapeStore const& shapes() const noexcept { return *m_shapes; }
 
 private:
+    unsigned m_firstNumber = 1;
     std::unique_ptr<ShapeStore> m_shapes;
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include <TopExp.hxx>
 #include <TopoDS_Iterator.hxx>
@@ -152,45 +153,86 @@ unsigned PartTopology::numberOf(TopoDS_Shape const& shape, TopologyLevel level) 
     return index == 0 ? 0 : m_firstNumbers[at(level)] + static_cast<unsigned>(index) - 1;
 }
 
+void PartTopology::fillBelow(TopologyLevel from, TopologyLevel to, Adjacency& table) const
+{
+    TopTools_IndexedMapOfShape const& targets = m_maps[at(to)];
+    std::vector<unsigned>& all = table.m_neighbours;
+    for (int i = 1; i <= m_maps[at(from)].Extent(); ++i) {
+        auto const first = static_cast<std::ptrdiff_t>(all.size());
+        TopTools_IndexedMapOfShape inside;
+        TopExp::MapShapes(m_maps[at(from)].FindKey(i), kShapeTypes[at(to)], inside);
+        for (int j = 1; j <= inside.Extent(); ++j) {
+            if (int const index = targets.FindIndex(inside.FindKey(j)); index != 0) {
+                all.push_back(static_cast<unsigned>(index) - 1);
+            }
+        }
+        std::sort(all.begin() + first, all.end());
+        table.m_ends.push_back(all.size());
+    }
+}
+
+void PartTopology::fillAbove(TopologyLevel from, TopologyLevel to, Adjacency& table) const
+{
+    Adjacency const& down = adjacency(to, from);
+    std::vector<std::size_t> next(count(from) + 1);  // first counts, then places to fill
+    for (unsigned const child : down.m_neighbours) {
+        ++next[child + 1];
+    }
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    table.m_ends.assign(next.begin() + 1, next.end());
+    table.m_neighbours.resize(down.m_neighbours.size());
+    std::size_t place = 0;
+    for (unsigned parent = 0; parent < down.m_ends.size(); ++parent) {
+        for (; place < down.m_ends[parent]; ++place) {
+            table.m_neighbours[next[down.m_neighbours[place]]++] = parent;
+        }
+    }
+}
+
+PartTopology::Adjacency const& PartTopology::adjacency(TopologyLevel from, TopologyLevel to) const
+{
+    Adjacency& table = m_adjacencies[at(from) * kTopologyLevels + at(to)];
+    std::call_once(table.m_once,
+                   [&] { from < to ? fillBelow(from, to, table) : fillAbove(from, to, table); });
+    return table;
+}
+
+std::vector<unsigned> PartTopology::neighbours(TopologyLevel from, unsigned index,
+                                               TopologyLevel to) const
+{
+    Adjacency const& table = adjacency(from, to);
+    auto const all = table.m_neighbours.begin();
+    auto const endOf = [&](unsigned i) {
+        return all + static_cast<std::ptrdiff_t>(table.m_ends[i]);
+    };
+    std::vector<unsigned> numbers(index == 0 ? all : endOf(index - 1), endOf(index));
+    for (unsigned& number : numbers) {
+        number += m_firstNumbers[at(to)];
+    }
+    return numbers;
+}
+
 std::vector<unsigned> PartTopology::below(unsigned number, TopologyLevel level) const
 {
     TopologyLevel own{};
     unsigned index = 0;
-    if (!locate(number, own, index) || level <= own) {
-        return {};
-    }
-    TopTools_IndexedMapOfShape inside;
-    TopExp::MapShapes(m_maps[at(own)].FindKey(static_cast<int>(index) + 1), kShapeTypes[at(level)],
-                      inside);
-    std::vector<unsigned> numbers;
-    numbers.reserve(static_cast<std::size_t>(inside.Extent()));
-    for (int i = 1; i <= inside.Extent(); ++i) {
-        if (unsigned const found = numberOf(inside.FindKey(i), level); found != 0) {
-            numbers.push_back(found);
-        }
-    }
-    std::sort(numbers.begin(), numbers.end());
-    return numbers;
+    return locate(number, own, index) && level > own ? neighbours(own, index, level)
+                                                     : std::vector<unsigned>();
 }
 
 std::vector<unsigned> PartTopology::above(unsigned number, TopologyLevel level) const
 {
     TopologyLevel own{};
     unsigned index = 0;
-    if (!locate(number, own, index) || level >= own) {
-        return {};
+    return locate(number, own, index) && level < own ? neighbours(own, index, level)
+                                                     : std::vector<unsigned>();
+}
+
+void PartTopology::shiftNumbers(unsigned shift)
+{
+    for (unsigned& first : m_firstNumbers) {
+        first += shift;
     }
-    AncestorTable& table = m_ancestors[at(level) * kTopologyLevels + at(own)];
-    std::call_once(table.m_once, [&] {
-        table.m_parents.resize(count(own));
-        for (unsigned parent = m_firstNumbers[at(level)]; parent < m_firstNumbers[at(level) + 1];
-             ++parent) {
-            for (unsigned const child : below(parent, own)) {
-                table.m_parents[child - m_firstNumbers[at(own)]].push_back(parent);
-            }
-        }
-    });
-    return table.m_parents[index];
 }
 
 double PartTopology::measure(unsigned number) const
@@ -222,6 +264,13 @@ PartTopology const& ShapeStore::add(TopoDS_Shape const& shape, std::vector<BodyS
                                     unsigned firstNumber)
 {
     return *m_parts.emplace_back(std::make_unique<PartTopology>(shape, bodies, firstNumber));
+}
+
+void ShapeStore::shiftNumbers(unsigned shift)
+{
+    for (auto const& part : m_parts) {
+        part->shiftNumbers(shift);
+    }
 }
 
 }  // namespace vrn::orlo::host::geometry

@@ -35,9 +35,9 @@ struct BodyShape {
 /// The topology of one part, numbered.
 ///
 /// Order      bodies as given, then volumes, faces, edges, vertices in the kernel's map order.
-/// Threads    Const operations may run on several threads; above() fills tables, once each.
-/// Cost       below() is linear in the answer; above() builds a table per pair of levels at the
-///            first question, linear in the part.
+/// Threads    Const operations may run on several threads; tables are filled once each.
+/// Cost       below() and above() are linear in the answer. The first question for a pair of levels
+///            fills its table, which is linear in the part.
 class PartTopology {
 public:
     /// \param firstNumber the number of the part's first entity.
@@ -47,6 +47,9 @@ public:
     [[nodiscard]] TopoDS_Shape const& shape() const noexcept { return m_shape; }
     [[nodiscard]] std::size_t count(TopologyLevel level) const noexcept;
     [[nodiscard]] unsigned firstNumber(TopologyLevel level) const noexcept;
+
+    /// For GeometryModel::numberFrom(); wraps around.
+    void shiftNumbers(unsigned shift);
 
     /// The class of the body at an index from 0.
     [[nodiscard]] EntityClass bodyClass(std::size_t index) const { return m_bodyClasses.at(index); }
@@ -69,20 +72,29 @@ public:
     [[nodiscard]] double measure(unsigned number) const;
 
 private:
-    struct AncestorTable {
+    /// The neighbours on one level of each entity of another. All are indices, from 0, of their
+    /// level: numbers may be shifted.
+    struct Adjacency {
         std::once_flag m_once;
-        std::vector<std::vector<unsigned>> m_parents;  // by index of the lower entity
+        std::vector<std::size_t> m_ends;  // by entity, where its neighbours end
+        std::vector<unsigned> m_neighbours;
     };
 
     // The level and the index from 0 in it; false for a number that is none of this part's.
     [[nodiscard]] bool locate(unsigned number, TopologyLevel& level, unsigned& index) const;
+
+    [[nodiscard]] Adjacency const& adjacency(TopologyLevel from, TopologyLevel to) const;
+    void fillBelow(TopologyLevel from, TopologyLevel to, Adjacency& table) const;
+    void fillAbove(TopologyLevel from, TopologyLevel to, Adjacency& table) const;
+    [[nodiscard]] std::vector<unsigned> neighbours(TopologyLevel from, unsigned index,
+                                                   TopologyLevel to) const;
 
     TopoDS_Shape m_shape;
     std::array<TopTools_IndexedMapOfShape, kTopologyLevels> m_maps;
     std::array<unsigned, kTopologyLevels + 1> m_firstNumbers{};
     std::vector<EntityClass> m_bodyClasses;
     mutable std::vector<std::atomic<double>> m_measures;  // by number; not a number until asked for
-    mutable std::array<AncestorTable, kTopologyLevels * kTopologyLevels> m_ancestors;
+    mutable std::array<Adjacency, kTopologyLevels * kTopologyLevels> m_adjacencies;
 };
 
 /// The topologies of all parts, by the parts' indices.
@@ -94,6 +106,7 @@ public:
     /// Throws std::out_of_range for an index that no part has.
     [[nodiscard]] PartTopology const& part(std::size_t index) const { return *m_parts.at(index); }
     [[nodiscard]] std::size_t partCount() const noexcept { return m_parts.size(); }
+    void shiftNumbers(unsigned shift);
 
 private:
     std::vector<std::unique_ptr<PartTopology>> m_parts;

@@ -99,13 +99,15 @@ bool isOneOf(Stems const& stems, std::string_view stem)
     return false;
 }
 
-}  // namespace
+/// The parts of "C3D20RH".
+struct NameParts {
+    std::string_view m_stem;
+    std::string_view m_nodes;
+};
 
-std::optional<ElementType> abaqusElementType(std::string_view name) noexcept
+/// Nothing where letters follow that stand for no formulation.
+std::optional<NameParts> partsOf(std::string_view name) noexcept
 {
-    if (auto const whole = typeIn(kOthers, name, "")) {
-        return whole;
-    }
     bool const hasFive = name.ends_with("R5");
     std::size_t const lastDigit =
         name.substr(0, hasFive ? name.size() - 2 : name.size()).find_last_of(kDigits);
@@ -114,15 +116,57 @@ std::optional<ElementType> abaqusElementType(std::string_view name) noexcept
     }
     std::string_view const bare = name.substr(0, lastDigit + 1);
     std::size_t const stemSize = bare.find_last_not_of(kDigits) + 1;
-    std::string_view const stem = bare.substr(0, stemSize);
-    std::string_view const nodes = bare.substr(stemSize);
-    if (isOneOf(kSolidStems, stem)) {
-        return typeIn(kSolids, "", nodes);
+    return NameParts{bare.substr(0, stemSize), bare.substr(stemSize)};
+}
+
+// clang-format off
+constexpr std::array<std::string_view, kElementTraits.size()> kPlainNames{
+    "B31", "B32", "S3", "S6", "S4", "S8", "C3D4", "C3D10", "C3D6", "C3D15", "C3D8", "C3D20", "MASS",
+};
+// clang-format on
+
+}  // namespace
+
+std::optional<ElementType> abaqusElementType(std::string_view name) noexcept
+{
+    if (auto const whole = typeIn(kOthers, name, "")) {
+        return whole;
     }
-    if (isOneOf(kPlaneStems, stem)) {
-        return typeIn(kPlanes, "", nodes);
+    auto const parts = partsOf(name);
+    if (!parts.has_value()) {
+        return std::nullopt;
     }
-    return typeIn(kOthers, stem, nodes);
+    if (isOneOf(kSolidStems, parts->m_stem)) {
+        return typeIn(kSolids, "", parts->m_nodes);
+    }
+    if (isOneOf(kPlaneStems, parts->m_stem)) {
+        return typeIn(kPlanes, "", parts->m_nodes);
+    }
+    return typeIn(kOthers, parts->m_stem, parts->m_nodes);
+}
+
+std::optional<RefusedElement> refusedAbaqusElement(std::string_view name) noexcept
+{
+    auto const parts = partsOf(name);
+    if (!parts.has_value()) {
+        return std::nullopt;
+    }
+    if (isOneOf(kSolidStems, parts->m_stem)) {
+        if (parts->m_nodes == "5" || parts->m_nodes == "13") {
+            return kPyramid;
+        }
+        if (parts->m_nodes == "18" || parts->m_nodes == "21" || parts->m_nodes == "27") {
+            return kFullSecondOrder;
+        }
+    } else if (isOneOf(kPlaneStems, parts->m_stem) && parts->m_nodes == "9") {
+        return kFullSecondOrder;
+    }
+    return std::nullopt;
+}
+
+std::string_view plainAbaqusName(ElementType type) noexcept
+{
+    return kPlainNames[static_cast<std::size_t>(type)];
 }
 
 }  // namespace vrn::orlo::host::meshing

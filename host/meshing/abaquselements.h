@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/meshing/elementtype.h"
+#include "host/meshing/refusedelements.h"
 
 #include <optional>
 #include <string_view>
@@ -14,5 +15,12 @@ namespace vrn::orlo::host::meshing {
 /// "C3D8I", "S8R5". Nothing for a name that is not known.
 /// \param name  in capitals
 [[nodiscard]] std::optional<ElementType> abaqusElementType(std::string_view name) noexcept;
+
+/// Why a type that is known is not taken: "C3D5", "M3D9R". Nothing for any other name.
+/// \param name  in capitals
+[[nodiscard]] std::optional<RefusedElement> refusedAbaqusElement(std::string_view name) noexcept;
+
+/// A name for elements of a topology whose file has none that an Abaqus file takes.
+[[nodiscard]] std::string_view plainAbaqusName(ElementType type) noexcept;
 
 }  // namespace vrn::orlo::host::meshing

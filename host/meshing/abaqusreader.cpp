@@ -1,14 +1,17 @@
 #include "host/meshing/abaqusreader.h"
 
 #include "host/meshing/abaquselements.h"
+#include "host/meshing/abaqusparts.h"
 #include "host/meshing/abaqusscanner.h"
 #include "host/meshing/meshbuilder.h"
+#include "host/meshing/meshtext.h"
 #include "host/meshing/names.h"
+#include "host/meshing/notused.h"
 
 #include <algorithm>
 #include <array>
-#include <deque>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -20,10 +23,19 @@ namespace {
 constexpr std::array<std::string_view, 7> kRefused{"NGEN",  "NFILL",  "NCOPY", "NMAP",
                                                    "ELGEN", "ELCOPY", "SYSTEM"};
 
+/// Keywords without a meaning of their own: titles, and ends of what has ended.
+constexpr std::array<std::string_view, 2> kIdle{"HEADING", "ENDINSTANCE"};
+
+template <class Names>
+bool isOneOf(Names const& names, std::string_view name)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 class Reader {
 public:
     explicit Reader(std::filesystem::path const& file)
-        : m_scanner(file), m_file(file), m_stem(file.stem().string())
+        : m_scanner(file), m_file(file), m_parts(m_scanner, file.stem().string())
     {
     }
 
@@ -70,9 +82,27 @@ private:
             m_inAssembly = false;
         } else if (name == "INSTANCE") {
             beginInstance();
-        } else if (std::find(kRefused.begin(), kRefused.end(), name) != kRefused.end()) {
+        } else if (isOneOf(kRefused, name)) {
             refuse("*" + keyword.m_name + " makes or moves parts of the mesh, and is not read",
                    "write the nodes and elements out");
+        } else {
+            passOver(keyword);
+        }
+    }
+
+    /// What a step holds is not worth counting: it is the step that is not used.
+    void passOver(Keyword const& keyword)
+    {
+        if (keyword.m_name == "STEP") {
+            if (!m_hasSteps) {
+                m_warnings.push_back(m_scanner.lines().place(keyword.m_line) +
+                                     ": the steps are not used, nor what they hold");
+            }
+            m_inStep = m_hasSteps = true;
+        } else if (keyword.m_name == "ENDSTEP") {
+            m_inStep = false;
+        } else if (!m_inStep && !isOneOf(kIdle, keyword.m_name)) {
+            m_notUsed.add("*" + keyword.m_title);
         }
     }
 
@@ -81,8 +111,7 @@ private:
         Keyword const& keyword = m_scanner.keyword();
         bool const isSet = name.ends_with("SET");
         std::size_t part = m_part;
-        bool const isStraySet =
-            isSet && m_part == kNone && m_flatPart == kNone && !m_builders.empty();
+        bool const isStraySet = isSet && m_part == kNone && m_parts.areAll();
         if (m_inAssembly || isStraySet) {
             part = isSet ? partOfInstance() : kNone;
             if (part == kNone) {
@@ -91,7 +120,7 @@ private:
                 return;
             }
         }
-        m_builder = &builderOf(part);
+        m_builder = &m_parts.builder(part);
         if (isSet) {
             beginSet(name == "NSET" ? SetKind::nodes : SetKind::elements);
         } else if (name == "NODE") {
@@ -104,44 +133,11 @@ private:
         }
     }
 
-    /// The part's builder; what stands outside of parts comes into one named after the file.
-    MeshBuilder& builderOf(std::size_t part)
-    {
-        if (part == kNone && m_flatPart == kNone) {
-            m_flatPart = addPart(m_stem);
-        }
-        return m_builders[part != kNone ? part : m_flatPart];
-    }
-
-    std::size_t addPart(std::string const& name)
-    {
-        if (partOf(name) != kNone) {
-            refuse("there are two parts with the name \"" + name + "\"", "rename one of them");
-        }
-        m_builders.emplace_back(name);
-        return m_builders.size() - 1;
-    }
-
-    [[nodiscard]] std::size_t partOf(std::string_view name) const
-    {
-        for (std::size_t i = 0; i < m_builders.size(); ++i) {
-            if (isSameName(m_builders[i].name(), name)) {
-                return i;
-            }
-        }
-        return kNone;
-    }
-
     /// The part of the instance that the keyword names.
     [[nodiscard]] std::size_t partOfInstance() const
     {
         auto const name = m_scanner.keyword().value("INSTANCE");
-        for (MeshInstance const& instance : m_instances) {
-            if (name.has_value() && isSameName(instance.m_name, *name)) {
-                return instance.m_part;
-            }
-        }
-        return kNone;
+        return name.has_value() ? m_parts.partOfInstance(*name) : kNone;
     }
 
     [[nodiscard]] std::string needed(std::string_view parameter) const
@@ -156,17 +152,17 @@ private:
         return *value;
     }
 
-    void beginPart() { m_part = addPart(needed("NAME")); }
+    void beginPart() { m_part = m_parts.add(needed("NAME")); }
 
     void beginInstance()
     {
         std::string const part = needed("PART");
-        std::size_t const index = partOf(part);
+        std::size_t const index = m_parts.find(part);
         if (index == kNone) {
             refuse("the instance is one of part \"" + part + "\", which does not exist above",
                    "correct the name, or write the part in front of the assembly");
         }
-        m_instances.push_back({needed("NAME"), index, {}});
+        m_instance = &m_parts.addInstance(needed("NAME"), index);
         m_instanceLines = 0;
         m_block = Block::instance;
     }
@@ -194,6 +190,10 @@ private:
     {
         m_typeText = inCapitals(needed("TYPE"));
         auto const type = abaqusElementType(m_typeText);
+        if (auto const refused = refusedAbaqusElement(m_typeText); refused.has_value()) {
+            refuse("element type " + m_typeText + " " + std::string(refused->m_wrong),
+                   std::string(refused->m_mend));
+        }
         if (!type.has_value()) {
             refuse("element type " + m_typeText + " is not known",
                    "convert its elements to a known type, such as C3D10, C3D8, S8 or B32");
@@ -242,7 +242,7 @@ private:
         std::string_view const field = fields.next();
         auto const number = idIn(field);
         if (!number.has_value()) {
-            refuse("\"" + std::string(field) + "\" is no number of " + what,
+            refuse("\"" + shown(field) + "\" is no number of " + what,
                    "write a whole number above 0");
         }
         return *number;
@@ -253,7 +253,7 @@ private:
         std::string_view const field = fields.next();
         auto const number = numberIn(field);
         if (!number.has_value()) {
-            refuse("\"" + std::string(field) + "\" is no " + what, "write a number");
+            refuse("\"" + shown(field) + "\" is no " + what, "write a number");
         }
         return *number;
     }
@@ -270,13 +270,15 @@ private:
         m_builder->addNode(node, position, m_set, m_scanner.line());
     }
 
+    [[nodiscard]] unsigned nodeCount() const { return traitsOf(m_type).m_nodeCount; }
+
     void elementLine(Fields& fields)
     {
         if (m_nodesToCome == 0) {
             m_element = id(fields, "an element");
             m_elementLine = m_scanner.line();
             m_builder->addElement(m_element, m_type, m_typeName, m_set, m_elementLine);
-            m_nodesToCome = traitsOf(m_type).m_nodeCount;
+            m_nodesToCome = nodeCount();
         }
         unsigned tooMany = 0;
         while (!fields.atEnd()) {
@@ -284,12 +286,15 @@ private:
             if (m_nodesToCome == 0) {
                 ++tooMany;
             } else {
-                m_builder->addElementNode(node);
-                --m_nodesToCome;
+                m_nodes[nodeCount() - m_nodesToCome] = node;
+                if (--m_nodesToCome == 0) {
+                    m_builder->addElementNodes(std::span(m_nodes).first(nodeCount()),
+                                               orderOf(kAbaqusOrders, m_type));
+                }
             }
         }
         if (tooMany > 0) {
-            refuseNodeCount(traitsOf(m_type).m_nodeCount + tooMany);
+            refuseNodeCount(nodeCount() + tooMany);
         }
         if (!fields.afterComma()) {
             checkElementIsWhole();
@@ -299,7 +304,7 @@ private:
     void checkElementIsWhole() const
     {
         if (m_nodesToCome > 0) {
-            refuseNodeCount(traitsOf(m_type).m_nodeCount - m_nodesToCome);
+            refuseNodeCount(nodeCount() - m_nodesToCome);
         }
     }
 
@@ -308,8 +313,7 @@ private:
         m_scanner.lines().refuse(
             m_elementLine,
             "element " + std::to_string(m_element) + " has " + std::to_string(count) +
-                " nodes, and type " + m_typeText + " has " +
-                std::to_string(traitsOf(m_type).m_nodeCount),
+                " nodes, and type " + m_typeText + " has " + std::to_string(nodeCount()),
             "correct the type or the nodes; a line that goes on ends with a comma");
     }
 
@@ -337,7 +341,7 @@ private:
 
     void instanceLine(Fields& fields)
     {
-        MeshPlacement& placement = m_instances.back().m_placement;
+        MeshPlacement& placement = m_instance->m_placement;
         auto const read = [&](Point& point) {
             for (double& coordinate : point) {
                 coordinate = fields.atEnd() ? 0.0 : number(fields, "coordinate");
@@ -354,39 +358,32 @@ private:
 
     MeshFile finish()
     {
-        MeshFile file{m_stem, {}, std::move(m_instances), {}};
-        bool hasElements = false;
-        for (std::size_t part = 0; part < m_builders.size(); ++part) {
-            MeshBuilder& builder = m_builders[part];
-            hasElements = hasElements || builder.elementCount() > 0;
-            file.m_parts.push_back(
-                std::make_shared<MeshStore>(builder.finish(m_scanner.lines(), m_warnings)));
-            if (!m_hasAssembly || part == m_flatPart) {
-                file.m_instances.push_back({builder.name(), part, {}});
-            }
-        }
-        if (!hasElements) {
+        MeshFile file = m_parts.finish(m_hasAssembly, m_warnings);
+        if (std::all_of(file.m_parts.begin(), file.m_parts.end(),
+                        [](auto const& part) { return part->elements().size() == 0; })) {
             throw MeshFileError(m_file, 0, "holds no elements",
                                 "is it the input file with the mesh?");
         }
+        m_notUsed.report(m_file, m_warnings);
         file.m_warnings = std::move(m_warnings);
         return file;
     }
 
-    static constexpr std::size_t kNone = ~std::size_t{0};
+    static constexpr std::size_t kNone = AbaqusParts::kNone;
 
     AbaqusScanner m_scanner;
     std::filesystem::path m_file;
-    std::string m_stem;
-    std::deque<MeshBuilder> m_builders;  // does not move its elements
-    std::vector<MeshInstance> m_instances;
+    AbaqusParts m_parts;
     std::vector<std::string> m_warnings;
+    NotUsed m_notUsed;
 
     // Where in the structure the scanner is.
     std::size_t m_part = kNone;
-    std::size_t m_flatPart = kNone;
     bool m_inAssembly = false;
     bool m_hasAssembly = false;
+    bool m_inStep = false;
+    bool m_hasSteps = false;
+    MeshInstance* m_instance = nullptr;  // whose lines are read
     unsigned m_instanceLines = 0;
 
     // The block that is being read.
@@ -398,7 +395,8 @@ private:
     ElementType m_type{};
     std::uint16_t m_typeName = 0;
     std::string m_typeText;
-    unsigned m_nodesToCome = 0;  // of the element that is being read
+    std::array<ExternalId, kMostElementNodes> m_nodes{};  // of the element that is being read
+    unsigned m_nodesToCome = 0;
     ExternalId m_element = 0;
     SourceLine m_elementLine = 0;
 };

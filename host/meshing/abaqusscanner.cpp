@@ -1,12 +1,11 @@
 #include "host/meshing/abaqusscanner.h"
 
-#include "host/meshing/meshfileerror.h"
+#include "host/meshing/meshtext.h"
 #include "host/meshing/names.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <system_error>
 
 namespace vrn::orlo::host::meshing {
@@ -15,64 +14,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\f\v";
-
-bool isBlank(char c) noexcept
-{
-    return kBlanks.find(c) != kBlanks.npos;
-}
-
-std::string_view trimmed(std::string_view text) noexcept
-{
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
 std::string keyOf(std::string_view text)
 {
     std::string key = inCapitals(text);
     std::erase_if(key, isBlank);
     return key;
-}
-
-std::string_view unquoted(std::string_view text) noexcept
-{
-    bool const isQuoted = text.size() >= 2 && text.front() == text.back() &&
-                          (text.front() == '"' || text.front() == '\'');
-    return isQuoted ? text.substr(1, text.size() - 2) : text;
-}
-
-/// The file's text; empty, with a reason, where it cannot be had.
-std::string textOf(fs::path const& file, std::string& reason)
-{
-    std::error_code error;
-    fs::file_status const status = fs::status(file, error);
-    if (!fs::exists(status)) {
-        reason = "there is no such file";
-        return {};
-    }
-    if (fs::is_directory(status)) {
-        reason = "is a folder, not a mesh file";
-        return {};
-    }
-    std::ifstream in(file, std::ios::binary);
-    auto const size = fs::file_size(file, error);
-    if (!in || error) {
-        reason = "cannot be read; are you allowed to read it?";
-        return {};
-    }
-    std::string text(size, '\0');
-    in.read(text.data(), static_cast<std::streamsize>(size));
-    text.resize(static_cast<std::size_t>(in.gcount()));
-    if (text.find_first_not_of("\n" + std::string(kBlanks)) == text.npos) {
-        reason = "is empty";
-    }
-    return text;
 }
 
 }  // namespace
@@ -128,12 +74,7 @@ std::string_view Fields::next() noexcept
 
 AbaqusScanner::AbaqusScanner(fs::path const& file)
 {
-    std::string reason;
-    std::string text = textOf(file, reason);
-    if (!reason.empty()) {
-        throw MeshFileError(file, 0, reason, "");
-    }
-    m_open.push_back({m_lines.addFile(file), std::move(text)});
+    m_open.push_back({m_lines.addFile(file), meshTextOf(file)});
     m_lines.begin(1, m_open.back().m_file, 1);
 }
 
@@ -148,7 +89,7 @@ void AbaqusScanner::include(std::string const& name)
         }
     }
     std::string reason;
-    std::string text = textOf(file, reason);
+    std::string text = meshTextOf(file, reason);
     if (!reason.empty()) {
         refuse("includes " + file.string() + ": " + reason,
                "put the file there or correct its name");
@@ -228,7 +169,9 @@ void AbaqusScanner::readKeyword(std::string_view text)
         whole += *more;
     }
     Fields fields(whole);
-    m_keyword.m_name = keyOf(fields.next());
+    std::string_view const title = fields.next();
+    m_keyword.m_name = keyOf(title);
+    m_keyword.m_title = inCapitals(title);
     while (!fields.atEnd()) {
         std::string_view const field = fields.next();
         std::size_t const equals = field.find('=');

@@ -18,7 +18,8 @@ namespace vrn::orlo::host::meshing {
 
 /// A keyword line.
 struct Keyword {
-    std::string m_name;  ///< Without star and blanks, in capitals: "ELEMENT", "ENDPART".
+    std::string m_name;   ///< Without star and blanks, in capitals: "ELEMENT", "ENDPART".
+    std::string m_title;  ///< The same with its blanks: "END PART".
     SourceLine m_line = 0;
     /// Names without blanks in capitals; values without blanks and quotes around them.
     std::vector<std::pair<std::string, std::string>> m_parameters;

@@ -52,6 +52,21 @@ void MeshBuilder::addNode(ExternalId id, Point const& position, SetIndex set, So
     }
 }
 
+void MeshBuilder::reserveNodes(std::size_t count)
+{
+    m_nodeIds.reserve(m_nodeIds.size() + count);
+    m_nodeLines.reserve(m_nodeLines.size() + count);
+    m_content.m_positions.reserve(m_content.m_positions.size() + count);
+}
+
+void MeshBuilder::reserveElements(std::size_t count, ElementType type)
+{
+    m_elementIds.reserve(m_elementIds.size() + count);
+    m_elementLines.reserve(m_elementLines.size() + count);
+    m_content.m_rows.reserve(m_content.m_rows.size() + count);
+    m_connectivity.reserve(m_connectivity.size() + count * traitsOf(type).m_nodeCount);
+}
+
 std::uint16_t MeshBuilder::group(std::uint8_t dimension, std::string const& name)
 {
     auto& groups = m_content.m_groups;
@@ -60,6 +75,9 @@ std::uint16_t MeshBuilder::group(std::uint8_t dimension, std::string const& name
     });
     auto const index = static_cast<std::uint16_t>(found - groups.begin());
     if (found == groups.end()) {
+        if (groups.size() == kMostGroups) {
+            throw std::length_error("a mesh with more than 65535 groups");
+        }
         groups.push_back({0, dimension, 0, name});
     }
     return index;
@@ -73,10 +91,15 @@ void MeshBuilder::addElement(ExternalId id, ElementType type, std::uint16_t type
     m_content.m_rows.push_back(
         {static_cast<std::uint32_t>(m_connectivity.size()), typeName, type, group});
     if (set != kNoSet) {
-        setsOf(SetKind::elements)
-            .m_sets[set]
-            .m_numbers.push_back(static_cast<LocalNumber>(m_elementIds.size()));
+        addElementTo(set);
     }
+}
+
+void MeshBuilder::addElementTo(SetIndex set)
+{
+    setsOf(SetKind::elements)
+        .m_sets[set]
+        .m_numbers.push_back(static_cast<LocalNumber>(m_elementIds.size()));
 }
 
 void MeshBuilder::addRange(SetKind kind, SetIndex set, ExternalId first, ExternalId last,

@@ -4,11 +4,13 @@
 #pragma once
 
 #include "host/meshing/meshstore.h"
+#include "host/meshing/nodeorder.h"
 #include "host/meshing/sourcelines.h"
 
 #include <array>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +29,11 @@ public:
 
     explicit MeshBuilder(std::string name) : m_name(std::move(name)) {}
     [[nodiscard]] std::string const& name() const noexcept { return m_name; }
+    [[nodiscard]] std::size_t nodeCount() const noexcept { return m_nodeIds.size(); }
     [[nodiscard]] std::size_t elementCount() const noexcept { return m_elementIds.size(); }
+    /// Makes room for as many more, where the file says how many there are.
+    void reserveNodes(std::size_t count);
+    void reserveElements(std::size_t count, ElementType type);
 
     /// The set of the name, which is made if it is new.
     [[nodiscard]] SetIndex set(SetKind kind, std::string const& name);
@@ -36,14 +42,29 @@ public:
 
     /// Index of a group for addElement(), which is made if it is new. A file that names groups
     /// names one for each of its elements.
+    /// Failure    std::length_error for one more than kMostGroups.
+    static constexpr std::size_t kMostGroups = 65535;
+    [[nodiscard]] std::size_t groupCount() const noexcept { return m_content.m_groups.size(); }
     [[nodiscard]] std::uint16_t group(std::uint8_t dimension, std::string const& name);
 
     /// \param set  into which the node comes; or kNoSet
     void addNode(ExternalId id, Point const& position, SetIndex set, SourceLine line);
+    /// Of the node that was added at the index, from 0: id, and place, which may change.
+    [[nodiscard]] ExternalId nodeId(std::size_t index) const { return m_nodeIds[index]; }
+    [[nodiscard]] Point& nodePosition(std::size_t index) { return m_content.m_positions[index]; }
     /// The type's number of calls of addElementNode() is to follow.
     void addElement(ExternalId id, ElementType type, std::uint16_t typeName, SetIndex set,
                     SourceLine line, std::uint16_t group = 0);
     void addElementNode(ExternalId node) { m_connectivity.push_back(node); }
+    /// All nodes of the element that was added last, in the order of the file.
+    void addElementNodes(std::span<ExternalId const> nodes, NodeOrder const& order)
+    {
+        for (std::size_t place = 0; place < nodes.size(); ++place) {
+            m_connectivity.push_back(nodes[order[place]]);
+        }
+    }
+    /// Puts the element that was added last into one more set.
+    void addElementTo(SetIndex set);
 
     /// Ids from first to last by step, as far as the file has them.
     void addRange(SetKind kind, SetIndex set, ExternalId first, ExternalId last, ExternalId step);

@@ -1,13 +1,40 @@
 #include "host/meshing/meshobjects.h"
 
-#include <limits>
 #include <utility>
 
 namespace vrn::orlo::host::meshing {
 
 namespace {
 
-/// What the object is reached through: its topmost parent, which is the part.
+KFRAny nameValue(std::string const& name)
+{
+    return KFRAny(icu::UnicodeString::fromUTF8(name));
+}
+
+std::string dimensionText(std::uint8_t dimension)
+{
+    return std::to_string(dimension) + "D";
+}
+
+}  // namespace
+
+void MeshChanges::tell(std::shared_ptr<model::EntityService> const& service) const
+{
+    if (service == nullptr) {
+        return;
+    }
+    model::EntityService::Batch const batch(service);
+    for (Entity const& entity : m_made) {
+        service->created(entity);
+    }
+    for (Entity const& entity : m_kept) {
+        service->refresh(entity);
+    }
+    for (Entity const& entity : m_gone) {
+        service->deleted(entity);
+    }
+}
+
 KFRIService partAbove(CAE::IPersistentObjectInterface& object)
 {
     KFRSmartPointer<CAE::IPersistentObjectInterface> above(&object);
@@ -21,175 +48,153 @@ KFRIService partAbove(CAE::IPersistentObjectInterface& object)
     return above;
 }
 
-KFRAny nameValue(std::string const& name)
-{
-    return KFRAny(icu::UnicodeString::fromUTF8(name));
-}
+// --- Both kinds of meshes ----------------------------------------------------------------------
 
-}  // namespace
-
-// --- Mesh --------------------------------------------------------------------------------------
-
-Mesh::Mesh(MeshBody& body, std::uint8_t dimension, std::shared_ptr<model::EntityService> service)
-    : ModelObjectOf(body.persistentName() + "/" + std::to_string(dimension) + "D", KFR::NULLSP,
-                    body.types().m_displayMesh.at(dimension), dimension, std::move(service)),
+template <class... Further>
+MeshOf<Further...>::MeshOf(MeshBody& body, Traits traits)
+    : Base(std::move(traits.m_persistentName), KFR::NULLSP, traits.m_typeId, traits.m_number,
+           body.context()->m_service),
       m_body(&body),
-      m_store(body.sharedStore()),
-      m_dimension(dimension)
+      m_number(traits.m_number),
+      m_dimension(traits.m_dimension),
+      m_entity(traits.m_entity),
+      m_tables(body.tables())
 {
-    attach(&body);
-    declareProperty(model::kNameProperty,
-                    nameValue(m_store->name() + " " + std::to_string(dimension) + "D"));
-    declareProperty("visible", KFRAny(true));
+    this->attach(&body);
+    this->setDeleted(true);
+    this->declareProperty(model::kNameProperty, nameValue(traits.m_name));
+    this->declareProperty("visible", KFRAny(true));
 }
 
-CAE::EntityReference Mesh::getEntityReference()
+template <class... Further>
+CAE::EntityReference MeshOf<Further...>::getEntityReference()
 {
-    CAE::EntityReference reference = ModelObjectOf::getEntityReference();
+    CAE::EntityReference reference = Base::getEntityReference();
     reference.service = partAbove(*this);
     return reference;
 }
 
-KFRResult Mesh::getDimension(unsigned char& dimension)
+template <class... Further>
+KFRResult MeshOf<Further...>::getDimension(unsigned char& dimension)
 {
     dimension = m_dimension;
     return KFR::ok;
 }
 
-KFRResult Mesh::getMeshBody(KFRSmartPointer<CAE::IMeshBodyInterface>& body)
+template <class... Further>
+KFRResult MeshOf<Further...>::getMeshBody(KFRSmartPointer<CAE::IMeshBodyInterface>& body)
 {
     if (m_body == nullptr) {
         return KFRResult(kBodyIsGone)
-            .addParam("The mesh body of " + persistentName() + " is gone.");
+            .addParam("The mesh body of " + this->persistentName() + " is gone.");
     }
     body = KFRSmartPointer<MeshBody>(m_body);
     return KFR::ok;
 }
 
-void Mesh::leaveBody() noexcept
+template <class... Further>
+KFRResult MeshOf<Further...>::getElementIds(KFRSequence<unsigned long long>& ids)
+{
+    ids = idsOf(m_tables->store().elements(), elements());
+    return KFR::ok;
+}
+
+template <class... Further>
+KFRResult MeshOf<Further...>::isSurface(bool& surface)
+{
+    surface = m_dimension == 2;
+    return KFR::ok;
+}
+
+template <class... Further>
+KFRResult MeshOf<Further...>::getGeometry(KFRSmartPointer<CAE::IGeometryInterface>& geometry)
+{
+    auto const found =
+        m_body != nullptr ? m_body->geometry(m_entity) : KFRSmartPointer<CAE::IGeometryInterface>();
+    if (found == KFR::NULLSP) {
+        return KFRResult(kNoGeometry)
+            .addParam("Mesh " + this->persistentName() + " lies on no geometry.");
+    }
+    geometry = found;
+    return KFR::ok;
+}
+
+template <class... Further>
+std::vector<LocalNumber> MeshOf<Further...>::elements() const
+{
+    return m_tables->elementsOfGroups(m_groups);
+}
+
+template <class... Further>
+LocalNumber MeshOf<Further...>::elementCount() const
+{
+    std::size_t count = 0;
+    for (MeshIndex const group : m_groups) {
+        count += m_tables->elementsOfGroup(group).size();
+    }
+    return static_cast<LocalNumber>(count);
+}
+
+template <class... Further>
+void MeshOf<Further...>::show(std::shared_ptr<MeshTables const> const& tables,
+                              std::vector<MeshIndex> groups, MeshChanges& changes)
+{
+    m_tables = tables;
+    m_groups = std::move(groups);
+    changes.settle(*this, !m_groups.empty());
+}
+
+template <class... Further>
+void MeshOf<Further...>::leaveBody() noexcept
 {
     m_body = nullptr;
-    detach();
+    this->detach();
 }
 
-// --- MeshBody ----------------------------------------------------------------------------------
+template class MeshOf<>;
+template class MeshOf<CAE::IContinuousMeshInterface>;
 
-MeshBody::MeshBody(std::string const& fileStem, std::shared_ptr<MeshStore const> store,
-                   MeshTypes const& types, std::shared_ptr<model::EntityService> const& service)
-    : ModelObjectOf(fileStem + "/mesh/" + store->name(), KFR::NULLSP, types.m_meshBody, 1, service),
-      m_store(std::move(store)),
-      m_types(types)
+Mesh::Mesh(MeshBody& body, std::uint8_t dimension)
+    : MeshOf(body, {body.persistentName() + "/" + dimensionText(dimension),
+                    body.row().m_name + " " + dimensionText(dimension),
+                    body.types().m_displayMesh.at(dimension), 4 * (body.number() - 1) + dimension,
+                    dimension, body.row().m_entity})
 {
-    declareProperty(model::kNameProperty, nameValue(m_store->name()));
-    declareProperty("visible", KFRAny(true));
-    for (std::uint8_t dimension = 1; dimension < m_meshes.size(); ++dimension) {
-        if (m_store->countOf(dimension) > 0) {
-            m_meshes[dimension] = KFR::make<Mesh>(*this, dimension, service);
-        }
-    }
 }
 
-MeshBody::~MeshBody()
+KFRResult Mesh::isContinuous(bool& continuous)
 {
-    for (KFRSmartPointer<Mesh> const& mesh : m_meshes) {
-        if (mesh != KFR::NULLSP) {
-            mesh->leaveBody();
-        }
-    }
+    continuous = true;
+    return KFR::ok;
 }
 
-CAE::EntityReference MeshBody::getEntityReference()
-{
-    CAE::EntityReference reference = ModelObjectOf::getEntityReference();
-    reference.service = partAbove(*this);
-    return reference;
-}
-
-KFRResult MeshBody::getMeshes(unsigned int typeId, CAE::IMeshSequence& meshes)
+KFRResult Mesh::getSubMeshes(CAE::IMeshSequence& meshes)
 {
     CAE::IMeshSequence found;
-    for (std::uint8_t dimension = 1; dimension < m_meshes.size(); ++dimension) {
-        bool const isWanted =
-            typeId == m_types.m_continuousMesh || typeId == m_types.m_displayMesh[dimension];
-        if (isWanted && m_meshes[dimension] != KFR::NULLSP) {
-            found.append(KFRSmartPointer<CAE::IMeshInterface>(m_meshes[dimension]));
+    if (body() != nullptr) {
+        for (KFRSmartPointer<SubMesh> const& mesh : body()->subMeshes()) {
+            if (mesh->dimension() == dimension()) {
+                found.append(KFRSmartPointer<CAE::IMeshInterface>(mesh));
+            }
         }
-    }
-    if (found.empty()) {
-        return KFRResult(kNoMesh).addParam("Mesh body " + persistentName() +
-                                           " has no mesh of type " + std::to_string(typeId) + ".");
     }
     meshes = found;
     return KFR::ok;
 }
 
-KFRResult MeshBody::getElement(unsigned long long id,
-                               KFRSmartPointer<CAE::IElementInterface>& element, bool flag)
-{
-    Numbering const& elements = m_store->elements();
-    constexpr auto kLargest =
-        static_cast<unsigned long long>(std::numeric_limits<ExternalId>::max());
-    LocalNumber number = 0;
-    if (flag) {
-        number = id <= kLargest ? elements.numberOf(static_cast<ExternalId>(id)) : 0;
-    } else if (id <= elements.size()) {
-        number = static_cast<LocalNumber>(id);
-    }
-    if (number == 0) {
-        return KFRResult(kNoElement)
-            .addParam("Mesh body " + persistentName() + " has no element with the " +
-                      (flag ? "id " : "number ") + std::to_string(id) + ".");
-    }
-    element = KFR::make<Element>(KFRSmartPointer<MeshBody>(this), number);
-    return KFR::ok;
-}
-
-// --- Element -----------------------------------------------------------------------------------
-
-Element::Element(KFRSmartPointer<MeshBody> body, LocalNumber number)
-    : m_body(std::move(body)), m_number(number)
+SubMesh::SubMesh(MeshBody& body, std::string persistentName, MeshGroup const& group)
+    : MeshOf(body,
+             {std::move(persistentName),
+              group.m_name.empty() ? body.row().m_name + " " + dimensionText(group.m_dimension)
+                                   : group.m_name,
+              body.types().m_subMesh, ++body.context()->m_lastSubMesh, group.m_dimension,
+              group.m_entity})
 {
 }
 
-ElementTraits const& Element::traits() const
+KFRResult SubMesh::isContinuous(bool& continuous)
 {
-    return traitsOf(m_body->store().typeOf(m_number));
-}
-
-KFRResult Element::getId(unsigned long long& id)
-{
-    id = static_cast<unsigned long long>(m_body->store().elements().idOf(m_number));
-    return KFR::ok;
-}
-
-KFRResult Element::getNumber(int& number)
-{
-    number = static_cast<int>(m_number);
-    return KFR::ok;
-}
-
-KFRResult Element::getNodeCount(int& count)
-{
-    count = traits().m_nodeCount;
-    return KFR::ok;
-}
-
-KFRResult Element::getShape(int& shape)
-{
-    if (traits().m_shape == kNoShape) {
-        return kShapeless;
-    }
-    shape = traits().m_shape;
-    return KFR::ok;
-}
-
-KFRResult Element::getMesh(KFRSmartPointer<CAE::IMeshInterface>& mesh)
-{
-    KFRSmartPointer<Mesh> const& holder = m_body->meshOf(traits().m_dimension);
-    if (holder == KFR::NULLSP) {
-        return kNoMesh;
-    }
-    mesh = holder;
+    continuous = false;
     return KFR::ok;
 }
 

@@ -1,158 +1,229 @@
 #include "host/meshing/meshpart.h"
 
+#include "host/meshing/elementobjects.h"
+
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace vrn::orlo::host::meshing {
 
 namespace {
 
-KFRAny textValue(std::string const& text)
+std::shared_ptr<MeshTables const> tablesOf(std::shared_ptr<MeshStore const> const& store)
 {
-    return KFRAny(icu::UnicodeString::fromUTF8(text));
+    return std::make_shared<MeshTables const>(
+        store != nullptr ? store : std::make_shared<MeshStore const>(MeshStore::Content{}));
 }
 
-/// The part, its body, its meshes, its instances.
-std::vector<model::RootManager::Entity> entitiesOf(MeshedPart& part)
+KFRSequence<unsigned int> numbersOf(Numbering const& numbering,
+                                    KFRSequence<unsigned long long> const& ids)
 {
-    std::vector<model::RootManager::Entity> entities{KFRSmartPointer<MeshedPart>(&part),
-                                                     part.meshBody()};
-    for (std::uint8_t dimension = 1; dimension <= 3; ++dimension) {
-        if (auto const& mesh = part.meshBody()->meshOf(dimension); mesh != KFR::NULLSP) {
-            entities.emplace_back(mesh);
+    KFRSequence<unsigned int> numbers;
+    numbers.reserve(ids.size());
+    for (unsigned long long const id : ids) {
+        if (LocalNumber const number = numberIn(numbering, id, true); number != 0) {
+            numbers.append(number);
         }
     }
-    entities.insert(entities.end(), part.instances().begin(), part.instances().end());
-    return entities;
+    return numbers;
 }
 
 }  // namespace
 
-MeshedInstance::MeshedInstance(std::string const& fileStem, MeshedPart& part,
-                               MeshInstance const& instance, unsigned number,
-                               MeshTypes const& types,
-                               std::shared_ptr<model::EntityService> service)
-    : ModelObjectOf(fileStem + "/instance/" + instance.m_name, KFR::NULLSP, types.m_partInstance,
-                    number, std::move(service)),
+MeshPart::MeshPart(CAE::IPersistentObjectInterface& part, Names names,
+                   std::shared_ptr<MeshContext> context, std::shared_ptr<MeshStore const> store)
+    : ModelObjectOf(std::move(names.m_own), KFR::NULLSP, context->m_types.m_meshPart, 1,
+                    context->m_service),
       m_part(&part),
-      m_placement(instance.m_placement)
+      m_context(std::move(context)),
+      m_bodyName(std::move(names.m_bodies)),
+      m_bodyNames(m_bodyName)
 {
-    declareProperty(model::kNameProperty, textValue(instance.m_name));
+    attach(m_part);
+    declareProperty(model::kNameProperty, KFRAny(icu::UnicodeString(u"MeshPart")));
     declareProperty("visible", KFRAny(true));
+    MeshChanges untold;
+    show(std::move(store), untold);
 }
 
-KFRResult MeshedInstance::getReferenceObject(
-    KFRSmartPointer<CAE::IPersistentObjectInterface>& object)
+CAE::EntityReference MeshPart::getEntityReference()
 {
-    if (m_part == nullptr) {
-        return model::kUnknownEntity;
-    }
-    object = KFRSmartPointer<CAE::IPersistentObjectInterface>(m_part);
-    return KFR::ok;
+    CAE::EntityReference reference = ModelObjectOf::getEntityReference();
+    reference.service = partAbove(*this);
+    return reference;
 }
 
-KFRResult MeshedInstance::getPart(KFRIService& part)
+std::shared_ptr<MeshStore const> MeshPart::replace(std::shared_ptr<MeshStore const> store)
 {
-    if (m_part == nullptr) {
-        return model::kUnknownEntity;
-    }
-    part = KFRSmartPointer<MeshedPart>(m_part);
-    return KFR::ok;
+    std::shared_ptr<MeshStore const> before = m_store;
+    MeshChanges changes;
+    show(std::move(store), changes);
+    changes.tell(m_context->m_service);
+    return before;
 }
 
-MeshedPart::MeshedPart(std::string const& fileStem, std::shared_ptr<MeshStore const> store,
-                       unsigned number, MeshTypes const& types,
-                       std::shared_ptr<model::EntityService> const& service)
-    : ModelObjectOf(fileStem + "/part/" + store->name(), KFR::NULLSP, types.m_part, number, service)
+void MeshPart::show(std::shared_ptr<MeshStore const> store, MeshChanges& changes)
 {
-    declareProperty(model::kNameProperty, textValue(store->name()));
-    declareProperty("description", KFRAny(icu::UnicodeString()));
-    declareProperty("visible", KFRAny(true));
-    m_body = KFR::make<MeshBody>(fileStem, std::move(store), types, service);
-    m_body->attach(this);
-}
-
-MeshedPart::~MeshedPart()
-{
-    m_body->detach();
-    for (KFRSmartPointer<MeshedInstance> const& instance : m_instances) {
-        instance->leavePart();
-    }
-}
-
-KFRResult MeshedPart::getMeshBodies(CAE::IMeshBodySequence& bodies)
-{
-    bodies = {KFRSmartPointer<CAE::IMeshBodyInterface>(m_body)};
-    return KFR::ok;
-}
-
-KFRResult MeshedPart::getInstances(CAE::IInstanceSequence& instances)
-{
-    instances = CAE::IInstanceSequence(m_instances.begin(), m_instances.end());
-    return KFR::ok;
-}
-
-KFRResult MeshedPart::getInstances(KFR::EOM::IEOMInstanceSequence& instances)
-{
-    instances = KFR::EOM::IEOMInstanceSequence(m_instances.begin(), m_instances.end());
-    return KFR::ok;
-}
-
-CAE::EntityReference MeshedPart::elementReference(LocalNumber element)
-{
-    MeshStore const& store = m_body->store();
-    if (element == 0 || element > store.elements().size()) {
-        return {};
-    }
-    int const shape = traitsOf(store.typeOf(element)).m_shape;
-    if (shape == kNoShape) {
-        return {};
-    }
-    return {KFRSmartPointer<CAE::IPersistentObjectInterface>(this),
-            m_body->types().elementOf(shape), element, 0};
-}
-
-void MeshedPart::addInstance(KFRSmartPointer<MeshedInstance> const& instance)
-{
-    m_instances.push_back(instance);
-}
-
-LoadedMesh loadMesh(std::filesystem::path const& file,
-                    KFR::Services::TypeRegistry::ITypeRegistryInterface& typeRegistry,
-                    std::shared_ptr<model::EntityService> const& entityService,
-                    model::RootManager* rootManager)
-{
-    MeshFile mesh = readAbaqusMesh(file);
-    MeshTypes const types(typeRegistry);
-    LoadedMesh loaded{{}, std::move(mesh.m_warnings)};
-    for (std::shared_ptr<MeshStore const> const& store : mesh.m_parts) {
-        auto const number = static_cast<unsigned>(loaded.m_parts.size()) + 1;
-        loaded.m_parts.push_back(
-            KFR::make<MeshedPart>(mesh.m_stem, store, number, types, entityService));
-    }
-    unsigned number = 0;
-    for (MeshInstance const& instance : mesh.m_instances) {
-        MeshedPart& part = *loaded.m_parts[instance.m_part];
-        part.addInstance(
-            KFR::make<MeshedInstance>(mesh.m_stem, part, instance, ++number, types, entityService));
-    }
-    if (rootManager != nullptr) {
-        model::EntityService::Batch const batch(entityService);
-        for (KFRSmartPointer<MeshedPart> const& part : loaded.m_parts) {
-            for (model::RootManager::Entity const& entity : entitiesOf(*part)) {
-                // Cannot fail: the service of every reference is an object that is new.
-                static_cast<void>(rootManager->add(entity));
-            }
+    auto const tables = tablesOf(store);
+    std::vector<MeshBodyRow> const& rows = tables->store().bodies();
+    m_tables = tables;
+    m_present.assign(rows.size(), {});
+    changes.settle(*this, store != nullptr);
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        auto const index = static_cast<MeshIndex>(row);
+        if (store != nullptr && (rows.size() == 1 || !tables->groupsOf(index).empty())) {
+            m_present[row] = bodyFor(rows[row]);
+            m_present[row]->show(tables, index, changes);
         }
     }
-    return loaded;
+    for (KFRSmartPointer<MeshBody> const& body : m_bodies) {
+        if (std::find(m_present.begin(), m_present.end(), body) == m_present.end()) {
+            body->show(tables, std::nullopt, changes);
+        }
+    }
+    auto const& ids = tables->store().nodes().ids();
+    auto const highest = std::max_element(ids.begin(), ids.end());
+    m_highestNodeId = highest != ids.end() ? static_cast<unsigned long long>(*highest) : 0;
+    m_store = std::move(store);
 }
 
-void removeMesh(MeshedPart& part, model::RootManager& rootManager)
+KFRSmartPointer<MeshBody> MeshPart::bodyFor(MeshBodyRow const& row)
 {
-    auto const entities = entitiesOf(part);
-    for (auto entity = entities.rbegin(); entity != entities.rend(); ++entity) {
-        static_cast<void>(rootManager.remove((*entity)->getEntityReference()));
+    auto const isItsBody = [&](KFRSmartPointer<MeshBody> const& body) {
+        bool const isSame = row.m_entity != 0
+                                ? body->row().m_entity == row.m_entity
+                                : body->row().m_entity == 0 && body->row().m_name == row.m_name;
+        return isSame && std::find(m_present.begin(), m_present.end(), body) == m_present.end();
+    };
+    auto const found = std::find_if(m_bodies.begin(), m_bodies.end(), isItsBody);
+    if (found != m_bodies.end()) {
+        return *found;
     }
+    auto const number = static_cast<unsigned>(m_bodies.size()) + 1;
+    auto body = KFR::make<MeshBody>(nameOfBody(row), row, number, m_context);
+    body->attach(m_part);
+    m_bodies.push_back(body);
+    return body;
+}
+
+std::string MeshPart::nameOfBody(MeshBodyRow const& row)
+{
+    if (!m_hasNamesake && row.m_name == m_tables->store().name()) {
+        m_hasNamesake = true;
+        return m_bodyName;
+    }
+    return m_bodyNames.next(row.m_name.empty() ? "body" : row.m_name);
+}
+
+KFRResult MeshPart::getNodeById(unsigned long long id, KFRSmartPointer<CAE::INodeInterface>& node,
+                                bool flag)
+{
+    LocalNumber const number = numberIn(m_tables->store().nodes(), id, flag);
+    if (number == 0) {
+        return KFRResult(kNoNode).addParam("Mesh part " + persistentName() +
+                                           " has no node with the " + (flag ? "id " : "number ") +
+                                           std::to_string(id) + ".");
+    }
+    node = KFR::make<Node>(m_tables, number);
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getElementById(unsigned long long id,
+                                   KFRSmartPointer<CAE::IElementInterface>& element, bool flag)
+{
+    KFRResult result;
+    LocalNumber const number =
+        findElement(m_tables->store(), id, flag, "Mesh part " + persistentName(), result);
+    if (number != 0) {
+        element = this->element(number);
+    }
+    return result;
+}
+
+KFRSmartPointer<CAE::IElementInterface> MeshPart::element(LocalNumber number) const
+{
+    return KFR::make<Element>(m_tables, m_present.at(m_tables->bodyOf(number)), number);
+}
+
+KFRResult MeshPart::getElementNumbers(KFRSequence<unsigned long long> const& ids,
+                                      KFRSequence<unsigned int>& numbers)
+{
+    numbers = numbersOf(m_tables->store().elements(), ids);
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getNodeNumbers(KFRSequence<unsigned long long> const& ids,
+                                   KFRSequence<unsigned int>& numbers)
+{
+    numbers = numbersOf(m_tables->store().nodes(), ids);
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getElementsConnectedTo(KFRSmartPointer<CAE::INodeInterface> const& node,
+                                           CAE::IElementSequence& elements)
+{
+    unsigned long long id = 0;
+    int number = 0;
+    KFRDouble3DPoint location;
+    if (node == KFR::NULLSP || !node->getId(id).isOk() || !node->getNumber(number).isOk() ||
+        !node->getLocation(location).isOk()) {
+        return KFRResult(kNoNode).addParam("The node is null or has no data.");
+    }
+    MeshStore const& store = m_tables->store();
+    LocalNumber const own = numberIn(store.nodes(), id, true);
+    if (own == 0 || own != static_cast<LocalNumber>(number) ||
+        store.position(own) != Point{location.x, location.y, location.z}) {
+        return KFRResult(kNoNode).addParam("Node " + std::to_string(id) +
+                                           " is not of the present mesh of " + persistentName() +
+                                           ".");
+    }
+    CAE::IElementSequence found;
+    for (LocalNumber const connected : m_tables->elementsAt(own)) {
+        found.append(element(connected));
+    }
+    elements = found;
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getMeshBodies(CAE::IMeshBodySequence& bodies)
+{
+    bodies = this->bodies();
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getElementNodes(std::span<long long const> elementIds, CAE::ElementNodes& nodes)
+{
+    MeshStore const& store = m_tables->store();
+    nodes.m_first.clear();
+    nodes.m_ids.clear();
+    nodes.m_locations.clear();
+    nodes.m_first.push_back(0);
+    for (long long const id : elementIds) {
+        if (LocalNumber const element = store.elements().numberOf(id); element != 0) {
+            for (LocalNumber const node : store.nodesOf(element)) {
+                Point const& position = store.position(node);
+                nodes.m_ids.push_back(store.nodes().idOf(node));
+                nodes.m_locations.push_back({position[0], position[1], position[2]});
+            }
+        }
+        nodes.m_first.push_back(nodes.m_ids.size());
+    }
+    return KFR::ok;
+}
+
+KFRResult MeshPart::getNextAvaialbleNodeID(unsigned long long& id)
+{
+    id = m_highestNodeId + 1;
+    return KFR::ok;
+}
+
+KFRResult MeshPart::isNodeIdFree(unsigned long long id, bool& free)
+{
+    constexpr auto kLargest =
+        static_cast<unsigned long long>(std::numeric_limits<ExternalId>::max());
+    free = id != 0 && id <= kLargest && numberIn(m_tables->store().nodes(), id, true) == 0;
+    return KFR::ok;
 }
 
 }  // namespace vrn::orlo::host::meshing

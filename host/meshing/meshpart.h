@@ -1,102 +1,126 @@
 /// \file
-/// Parts that are made of a mesh file alone.
+/// The nodes and elements of a part as one object.
 
 #pragma once
 
-#include "host/meshing/abaqusreader.h"
 #include "host/meshing/meshobjects.h"
-#include "host/model/entityservice.h"
+#include "host/meshing/meshsource.h"
 #include "host/model/modelobject.h"
-#include "host/model/rootmanager.h"
+#include "host/model/partmesh.h"
 #include "platform/caedata/caedata.h"
 #include "platform/eom/eom.h"
-#include "platform/registry/typeregistry.h"
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace vrn::orlo::host::meshing {
 
-class MeshedPart;
-
-/// A meshed part in its place. Leads to the part, and has no mesh of its own.
+/// The mesh of a part, whatever bodies it has. Stands in the part, as its mesh bodies do.
 ///
-/// The instance is its own service. Properties: "name" and "visible".
-class MeshedInstance final
-    : public model::ModelObjectOf<CAE::IInstanceInterface, KFR::EOM::IEOMInstanceInterface> {
+/// The part is meshed anew by replace(). Handles stay good: a mesh body stays the same object as
+/// long as the part has a mesh on the same geometry body, or, without geometry, of the same name,
+/// and so do its meshes. What has no elements any more is deleted, and comes back with elements.
+/// Nodes and elements belong to the revision that they were asked of.
+///
+/// A row of the store without elements has no mesh body, unless it is the only row.
+///
+/// Properties: "name", which is "MeshPart", and "visible".
+///
+/// Failure    As MeshFailure says, with the last argument as it was.
+/// Ownership  Holds all mesh bodies that it ever had.
+class MeshPart final
+    : public model::ModelObjectOf<CAE::IMeshPartInterface, KFR::EOM::IEOMMeshPartInterface,
+                                  model::PartMeshInterface, MeshSourceInterface> {
 public:
-    /// \param part  tells the instance when it goes
-    MeshedInstance(std::string const& fileStem, MeshedPart& part, MeshInstance const& instance,
-                   unsigned number, MeshTypes const& types,
-                   std::shared_ptr<model::EntityService> service);
+    /// Persistent names.
+    struct Names {
+        std::string m_own;
+        /// Of the mesh body that is named like the store; those of others begin with it.
+        std::string m_bodies;
+    };
 
-    KFRResult getReferenceObject(KFRSmartPointer<CAE::IPersistentObjectInterface>& object) override;
-    KFRResult getPart(KFRIService& part) override;
+    /// Shows a store, of which nobody is told.
+    /// \param part   the parent, which calls leavePart() when it goes
+    /// \param store  null for a part that is not meshed: the object is deleted then
+    MeshPart(CAE::IPersistentObjectInterface& part, Names names,
+             std::shared_ptr<MeshContext> context, std::shared_ptr<MeshStore const> store);
 
-    [[nodiscard]] MeshPlacement const& placement() const noexcept { return m_placement; }
-    /// To be called by the part when it goes.
-    void leavePart() noexcept { m_part = nullptr; }
+    CAE::EntityReference getEntityReference() override;
 
-private:
-    MeshedPart* m_part;
-    MeshPlacement m_placement;
-};
+    /// Shows another mesh, and tells of what came, stayed and went.
+    /// \param store  null deletes the object with all bodies
+    /// \return what was shown before, for replacing it back; null for nothing
+    std::shared_ptr<MeshStore const> replace(std::shared_ptr<MeshStore const> store);
 
-/// A part with a mesh and no geometry.
-///
-/// The part is its own service. Properties: "name", "description" and "visible".
-///
-/// Ownership  Holds its mesh body and its instances, which know it by a plain pointer.
-class MeshedPart final
-    : public model::ModelObjectOf<CAE::IPartInterface, KFR::EOM::IEOMPartInterface> {
-public:
-    /// \param number  of the part's reference, from 1
-    MeshedPart(std::string const& fileStem, std::shared_ptr<MeshStore const> store, unsigned number,
-               MeshTypes const& types, std::shared_ptr<model::EntityService> const& service);
+    // Of the platform.
 
+    KFRResult getNodeById(unsigned long long id, KFRSmartPointer<CAE::INodeInterface>& node,
+                          bool flag) override;
+    KFRResult getElementById(unsigned long long id,
+                             KFRSmartPointer<CAE::IElementInterface>& element, bool flag) override;
+    KFRResult getElementNumbers(KFRSequence<unsigned long long> const& ids,
+                                KFRSequence<unsigned int>& numbers) override;
+    KFRResult getNodeNumbers(KFRSequence<unsigned long long> const& ids,
+                             KFRSequence<unsigned int>& numbers) override;
+    /// Fails for a node that the present mesh does not have: by id, number and location.
+    KFRResult getElementsConnectedTo(KFRSmartPointer<CAE::INodeInterface> const& node,
+                                     CAE::IElementSequence& elements) override;
     KFRResult getMeshBodies(CAE::IMeshBodySequence& bodies) override;
-    KFRResult getInstances(CAE::IInstanceSequence& instances) override;
-    KFRResult getInstances(KFR::EOM::IEOMInstanceSequence& instances) override;
+    KFRResult getElementNodes(std::span<long long const> elementIds,
+                              CAE::ElementNodes& nodes) override;
+    /// One above the highest.
+    KFRResult getNextAvaialbleNodeID(unsigned long long& id) override;
+    /// Not free are also 0 and what exceeds 63 bits, which no node can have.
+    KFRResult isNodeIdFree(unsigned long long id, bool& free) override;
 
-    /// Reference of an element: the part as its service, the type of its dimension, its local
-    /// number. The empty reference for a number that the part does not have, and for a point.
-    [[nodiscard]] CAE::EntityReference elementReference(LocalNumber element);
+    // Of the part and its geometry.
 
-    void addInstance(KFRSmartPointer<MeshedInstance> const& instance);
-    [[nodiscard]] KFRSmartPointer<MeshBody> const& meshBody() const noexcept { return m_body; }
-    [[nodiscard]] std::vector<KFRSmartPointer<MeshedInstance>> const& instances() const noexcept
+    [[nodiscard]] CAE::IMeshBodySequence bodiesOn(unsigned entity) const override;
+    [[nodiscard]] CAE::IMeshSequence meshesOn(unsigned entity) const override;
+    [[nodiscard]] bool isMeshed(unsigned entity) const override;
+    [[nodiscard]] CAE::IMeshBodySequence bodies() const override;
+    [[nodiscard]] unsigned long long highestNodeId() const override { return m_highestNodeId; }
+    [[nodiscard]] KFRSmartPointer<appfw::IEntityInterface> entity(unsigned typeId,
+                                                                  unsigned number) override;
+    [[nodiscard]] std::vector<model::EntityService::Entity> entities() override;
+    void deleteBodiesOn(unsigned entity) override;
+    void deleteAll() override;
+    void leavePart() noexcept override;
+
+    // Of the host.
+
+    [[nodiscard]] std::shared_ptr<MeshTables const> const& tables() const noexcept override
     {
-        return m_instances;
+        return m_tables;
     }
+    [[nodiscard]] std::vector<LocalNumber> elements() const override;
+    [[nodiscard]] MeshTypes const& types() const noexcept { return m_context->m_types; }
+    /// By the index in the store; null for a row that has no mesh body.
+    [[nodiscard]] std::vector<KFRSmartPointer<MeshBody>> const& bodyRows() const noexcept
+    {
+        return m_present;
+    }
+    /// The one on a geometry body; null for none.
+    [[nodiscard]] KFRSmartPointer<MeshBody> bodyOn(unsigned entity) const;
 
 private:
-    ~MeshedPart() override;
+    void show(std::shared_ptr<MeshStore const> store, MeshChanges& changes);
+    [[nodiscard]] KFRSmartPointer<MeshBody> bodyFor(MeshBodyRow const& row);
+    [[nodiscard]] KFRSmartPointer<CAE::IElementInterface> element(LocalNumber number) const;
+    [[nodiscard]] KFRSmartPointer<SubMesh> subMesh(unsigned number) const;
+    [[nodiscard]] std::string nameOfBody(MeshBodyRow const& row);
 
-    KFRSmartPointer<MeshBody> m_body;
-    std::vector<KFRSmartPointer<MeshedInstance>> m_instances;
+    CAE::IPersistentObjectInterface* m_part;  // null once it has gone
+    std::shared_ptr<MeshContext> m_context;
+    std::string m_bodyName;
+    bool m_hasNamesake = false;  // a body has the name itself
+    model::SiblingNames m_bodyNames;
+    std::shared_ptr<MeshStore const> m_store;  // null for none
+    std::shared_ptr<MeshTables const> m_tables;
+    std::vector<KFRSmartPointer<MeshBody>> m_bodies;   // in the order of their numbers
+    std::vector<KFRSmartPointer<MeshBody>> m_present;  // in the order of the store
+    unsigned long long m_highestNodeId = 0;
 };
-
-/// The parts of a mesh file, of which there is one unless the file has parts of its own.
-struct LoadedMesh {
-    std::vector<KFRSmartPointer<MeshedPart>> m_parts;  ///< In the order of the file.
-    std::vector<std::string> m_warnings;               ///< As MeshFile::m_warnings.
-};
-
-/// Reads a mesh file and makes its parts, bodies, meshes and instances known.
-///
-/// \param entityService  told of changes; may be null
-/// \param rootManager    made to know the objects; may be null
-/// Order      Each part, its body, its meshes, its instances.
-/// Failure    MeshFileError as readAbaqusMesh(); nothing is known then.
-[[nodiscard]] LoadedMesh loadMesh(std::filesystem::path const& file,
-                                  KFR::Services::TypeRegistry::ITypeRegistryInterface& typeRegistry,
-                                  std::shared_ptr<model::EntityService> const& entityService,
-                                  model::RootManager* rootManager);
-
-/// Takes a part, its body, its meshes and its instances out of what is known, the part last. What
-/// is not known is passed over.
-void removeMesh(MeshedPart& part, model::RootManager& rootManager);
 
 }  // namespace vrn::orlo::host::meshing

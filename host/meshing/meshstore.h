@@ -105,6 +105,8 @@ public:
         std::vector<EntityMesh> m_entities;  ///< Ascending by entity.
     };
     explicit MeshStore(Content content);
+    /// All of it, for who keeps or changes a mesh as a whole.
+    [[nodiscard]] Content const& content() const noexcept { return m_content; }
 
     /// Of the part.
     [[nodiscard]] std::string const& name() const noexcept { return m_content.m_name; }

@@ -9,7 +9,9 @@ namespace vrn::orlo::host::meshing {
 MeshTypes::MeshTypes(KFR::Services::TypeRegistry::ITypeRegistryInterface& registry)
     : m_part(registry.getTypeId(typenames::kSimulationPart)),
       m_partInstance(registry.getTypeId(typenames::kSimulationPartInstance)),
+      m_meshPart(registry.getTypeId(typenames::kSimulationFEPartRep)),
       m_meshBody(registry.getTypeId(typenames::kSimulationMeshBody)),
+      m_subMesh(registry.getTypeId(typenames::kFemFEMesh)),
       m_continuousMesh(registry.getTypeId(typenames::kFemContinuousMesh)),
       m_displayMesh{registry.getTypeId(typenames::kDisplay0DContinuousMesh),
                     registry.getTypeId(typenames::kDisplay1DContinuousMesh),

@@ -15,7 +15,9 @@ struct MeshTypes {
 
     unsigned m_part;
     unsigned m_partInstance;
+    unsigned m_meshPart;
     unsigned m_meshBody;
+    unsigned m_subMesh;
     unsigned m_continuousMesh;              ///< By which a body is asked for all of its meshes.
     std::array<unsigned, 4> m_displayMesh;  ///< By dimension: what references to meshes carry.
     unsigned m_element1D;

@@ -34,11 +34,13 @@ public:
                unsigned int numberInBody, unsigned int typeId, unsigned int number,
                std::shared_ptr<EntityService> service)
         : Base(std::move(persistentName), part, typeId, number, std::move(service)),
+          m_part(std::move(part)),
           m_body(std::move(body)),
+          m_number(number),
           m_numberInBody(numberInBody)
     {
         if (m_body == KFR::NULLSP) {
-            this->attach(part.get());
+            this->attach(m_part.get());
         } else {
             this->attach(KFR::strict_cast<CAE::IPersistentObjectInterface>(m_body).get());
         }
@@ -65,10 +67,34 @@ public:
         return KFR::ok;
     }
 
+    KFRResult getNumber(int& number) override
+    {
+        number = static_cast<int>(m_number);
+        return KFR::ok;
+    }
+    KFRResult getMeshes(CAE::IMeshSequence& meshes) override
+    {
+        auto const mesh = m_part->mesh();
+        meshes = mesh != KFR::NULLSP ? mesh->meshesOn(m_number) : CAE::IMeshSequence();
+        return KFR::ok;
+    }
+    KFRResult isMeshed(bool& meshed) override
+    {
+        auto const mesh = m_part->mesh();
+        meshed = mesh != KFR::NULLSP && mesh->isMeshed(m_number);
+        return KFR::ok;
+    }
+
     std::string getObjectName() override { return "Geometry " + this->persistentName(); }
 
+protected:
+    [[nodiscard]] KFRSmartPointer<Part> const& part() const noexcept { return m_part; }
+    [[nodiscard]] unsigned int number() const noexcept { return m_number; }
+
 private:
+    KFRSmartPointer<Part> m_part;
     BodyHandle m_body;
+    unsigned int m_number;
     unsigned int m_numberInBody;
 };
 
@@ -77,7 +103,8 @@ using Geometry = GeometryOf<>;
 
 /// A body.
 ///
-/// Ownership  Holds its mesh bodies, as MeshBodies says.
+/// Ownership  Holds the mesh bodies that others gave it, as MeshBodies says; those of the part's mesh
+///            it asks for.
 class GeomBody final : public GeometryOf<CAE::IGeomBodyInterface, KFR::EOM::IEOMGeomBodyInterface,
                                          MeshBodyOwnerInterface> {
 public:
@@ -87,11 +114,11 @@ public:
 
     [[nodiscard]] MeshBodies& meshBodies() noexcept override { return m_meshBodies; }
 
+    /// Those that others gave it, then those of the part's mesh.
     KFRResult getMeshBodies(CAE::IMeshBodySequence& bodies) override;
     KFRResult getPart(KFRSmartPointer<KFR::EOM::IEOMPartInterface>& part) override;
 
 private:
-    KFRSmartPointer<Part> m_part;
     MeshBodies m_meshBodies;
 };
 

@@ -24,6 +24,13 @@ void GeometryCommonService::setModel(std::weak_ptr<GeometryStore> const& geometr
     m_display->setModel(geometry);
 }
 
+void GeometryCommonService::addModel(KFRSmartPointer<CAE::IModelInterface> const& root,
+                                     std::weak_ptr<GeometryStore> const& geometry)
+{
+    std::erase_if(m_models, [](auto const& row) { return row.second.expired(); });
+    m_models.insert_or_assign(root->getInstanceID(), geometry);
+}
+
 KFRResult GeometryCommonService::getReferenceByName(std::string const& name,
                                                     CAE::EntityReference& reference)
 {
@@ -43,14 +50,31 @@ KFRResult GeometryCommonService::getDisplayService(
     return KFR::ok;
 }
 
-KFRResult GeometryCommonService::getSession(KFRSmartPointer<plugin::geometry::KFRIGeomSession>&)
+KFRResult GeometryCommonService::getSession(
+    KFRSmartPointer<plugin::geometry::KFRIGeomSession>& session)
 {
-    return KFR::notDone;
+    if (m_session == KFR::NULLSP) {
+        return KFR::notDone;
+    }
+    session = m_session;
+    return KFR::ok;
 }
 
 KFRResult GeometryCommonService::getProgress(KFRIService&)
 {
     return KFR::notDone;
+}
+
+KFRResult GeometryCommonService::findInModel(KFRSmartPointer<CAE::IModelInterface> const& model,
+                                             int number, CAE::EntityReference& reference)
+{
+    auto const row = model != KFR::NULLSP ? m_models.find(model->getInstanceID()) : m_models.end();
+    auto const geometry = row != m_models.end() ? row->second.lock() : nullptr;
+    if (geometry == nullptr || !geometry->exists(static_cast<unsigned>(number))) {
+        return KFR::notDone;
+    }
+    reference = geometry->reference(static_cast<unsigned>(number));
+    return KFR::ok;
 }
 
 }  // namespace vrn::orlo::host::model

@@ -48,8 +48,8 @@ GeometryStore::GeometryStore(geometry::GeometryModel geometry,
 
 GeometryStore::~GeometryStore()
 {
-    for (unsigned number = 1; number <= m_objects.size(); ++number) {
-        erase(number);
+    for (Entity const& entity : m_geometry.m_entities) {
+        erase(entity.m_number);
     }
 }
 
@@ -60,7 +60,7 @@ GeometryStore::Object GeometryStore::object(unsigned number)
 
 GeometryStore::Object GeometryStore::made(Entity const& entity)
 {
-    Object& object = m_objects[entity.m_number - 1];
+    Object& object = m_objects[indexOf(entity.m_number)];
     if (object != KFR::NULLSP) {
         return object;
     }
@@ -156,8 +156,8 @@ void GeometryStore::removeAllOf(Part& part)
 
 void GeometryStore::erase(unsigned number)
 {
-    m_isDeleted[number - 1] = true;
-    Object const object = std::exchange(m_objects[number - 1], {});
+    m_isDeleted[indexOf(number)] = true;
+    Object const object = std::exchange(m_objects[indexOf(number)], {});
     if (auto const gone = KFR::loose_cast<ModelObjectInterface>(object); gone != KFR::NULLSP) {
         gone->setDeleted(true);
     }
@@ -168,7 +168,7 @@ void GeometryStore::erase(unsigned number)
 
 bool GeometryStore::exists(unsigned number) const noexcept
 {
-    return m_geometry.entity(number) != nullptr && !m_isDeleted[number - 1];
+    return m_geometry.entity(number) != nullptr && !m_isDeleted[indexOf(number)];
 }
 
 std::string GeometryStore::nameOf(Entity const& entity) const

@@ -46,7 +46,14 @@ public:
 
     [[nodiscard]] geometry::GeometryModel const& geometry() const noexcept { return m_geometry; }
 
+    /// Whether the number is that of an entity, and has not been deleted.
+    [[nodiscard]] bool exists(unsigned number) const noexcept;
     [[nodiscard]] Object object(unsigned number);
+    /// The part of an index in the geometry, deleted or not.
+    [[nodiscard]] KFRSmartPointer<Part> const& part(std::size_t index) const
+    {
+        return m_parts.at(index);
+    }
     /// A reference is made also for what has been deleted.
     [[nodiscard]] CAE::EntityReference reference(unsigned number) const;
 
@@ -65,7 +72,10 @@ private:
     /// A part's index, and the type name of a class.
     using ClassKey = std::pair<unsigned, std::string_view>;
 
-    [[nodiscard]] bool exists(unsigned number) const noexcept;
+    [[nodiscard]] std::size_t indexOf(unsigned number) const noexcept
+    {
+        return number - m_geometry.firstNumber();
+    }
     [[nodiscard]] Object made(geometry::Entity const& entity);
     void erase(unsigned number);
     [[nodiscard]] std::string nameOf(geometry::Entity const& entity) const;
@@ -80,7 +90,7 @@ private:
     std::unordered_map<std::string, unsigned> m_partByName;
     std::map<ClassKey, std::vector<unsigned>> m_ofClass;           // numbers, ascending
     std::unordered_map<unsigned, std::vector<unsigned>> m_ofBody;  // without the body's own
-    std::vector<Object> m_objects;  // of number n at n - 1; null until it is asked for
+    std::vector<Object> m_objects;  // in the geometry's order; null until asked for
     std::vector<bool> m_isDeleted;  // in the same order
 };
 

@@ -2,12 +2,44 @@
 
 #include "platform/typenames/objectmodel.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
 namespace vrn::orlo::host::model {
 
 using KFR::Services::TypeRegistry::ITypeRegistryInterface;
+
+namespace {
+
+class StoreLink final : public GeometryLink {
+public:
+    explicit StoreLink(std::weak_ptr<GeometryStore> store) : m_store(std::move(store)) {}
+
+    KFRSmartPointer<CAE::IGeometryInterface> geometry(unsigned number) override
+    {
+        auto const store = m_store.lock();
+        return store != nullptr ? store->object(number) : GeometryStore::Object();
+    }
+
+private:
+    std::weak_ptr<GeometryStore> m_store;
+};
+
+/// Tells assemblies what stands in them.
+void nest(std::vector<EntityService::Entity> const& nodes)
+{
+    for (EntityService::Entity const& node : nodes) {
+        KFRSmartPointer<CAE::IPersistentObjectInterface> above;
+        static_cast<void>(
+            KFR::strict_cast<CAE::IPersistentObjectInterface>(node)->getParent(above));
+        if (auto* const assembly = dynamic_cast<Assembly*>(above.get()); assembly != nullptr) {
+            assembly->addChild(node);
+        }
+    }
+}
+
+}  // namespace
 
 Model::Model(geometry::GeometryModel geometry, ITypeRegistryInterface& types,
              std::shared_ptr<EntityService> const& service, RootManager* entities)
@@ -34,15 +66,33 @@ Model::Model(geometry::GeometryModel geometry, ITypeRegistryInterface& types,
     AssemblyTree tree =
         makeAssemblyTree(geometry, m_parts, first + "/Instance", *m_root, types, m_service);
     m_instances = std::move(tree.m_partInstances);
+    nest(tree.m_nodes);
     for (Entity const& node : tree.m_nodes) {
         enter(node);
     }
     m_geometry = std::make_shared<GeometryStore>(std::move(geometry), types, m_parts, m_service);
     if (m_entities != KFR::NULLSP) {
-        m_resolver = m_entities->addResolver([store = m_geometry.get()](auto const& reference) {
-            return KFR::loose_cast<appfw::IEntityInterface>(
-                store->object(store->numberOf(reference)));
-        });
+        m_resolver = m_entities->addResolver(
+            [this](auto const& reference) { return entityInParts(reference); });
+    }
+    setUpParts();
+    m_root->answerWith({[this](auto const& reference) { return this->entity(reference); },
+                        [this] {
+                            return highestNodeId();
+                        }});
+}
+
+void Model::setUpParts()
+{
+    m_link = std::make_shared<StoreLink>(m_geometry);
+    for (std::size_t part = 0; part < m_parts.size(); ++part) {
+        std::vector<unsigned> bodies;
+        for (geometry::Entity const& entity : this->geometry().entitiesOf(part)) {
+            if (geometry::isBodyClass(entity.m_class)) {
+                bodies.push_back(entity.m_number);
+            }
+        }
+        m_parts[part]->setGeometry(m_link, std::move(bodies));
     }
 }
 
@@ -56,11 +106,15 @@ Model::~Model()
         object->setDeleted(true);
         object->detach();
     };
+    m_root->answerWith({});
     for (auto const& [name, entity] : m_byName) {
         close(entity);
     }
     for (auto const& part : m_parts) {
         part->meshBodies().deleteAll();
+        if (part->meshPart() != KFR::NULLSP) {
+            part->meshPart()->leavePart();
+        }
     }
     close(m_root);
 }
@@ -73,6 +127,22 @@ GeometryStore::Object Model::object(unsigned number) const
 KFRSmartPointer<CAE::IPersistentObjectInterface> Model::byPersistentName(
     std::string const& name) const
 {
+    auto found = ownByName(name);
+    for (auto part = m_parts.begin(); found == KFR::NULLSP && part != m_parts.end(); ++part) {
+        if ((*part)->mesh() == KFR::NULLSP || !name.starts_with((*part)->persistentName() + '/')) {
+            continue;
+        }
+        for (Entity const& entity : (*part)->mesh()->entities()) {
+            if (KFR::strict_cast<ModelObjectInterface>(entity)->persistentName() == name) {
+                found = KFR::strict_cast<CAE::IPersistentObjectInterface>(entity);
+            }
+        }
+    }
+    return found;
+}
+
+KFRSmartPointer<CAE::IPersistentObjectInterface> Model::ownByName(std::string const& name) const
+{
     if (name == m_root->persistentName()) {
         return m_root;
     }
@@ -80,6 +150,52 @@ KFRSmartPointer<CAE::IPersistentObjectInterface> Model::byPersistentName(
         return KFR::strict_cast<CAE::IPersistentObjectInterface>(row->second);
     }
     return KFR::loose_cast<CAE::IPersistentObjectInterface>(object(m_geometry->numberOf(name)));
+}
+
+Model::Entity Model::entity(CAE::EntityReference const& reference) const
+{
+    Entity found =
+        m_entities != KFR::NULLSP ? m_entities->getEntity(reference) : entityInParts(reference);
+    // Without a manager nothing finds the rest by reference but a walk.
+    if (found == KFR::NULLSP && m_entities == KFR::NULLSP) {
+        if (m_root->getEntityReference() == reference) {
+            return m_root;
+        }
+        auto const row = std::find_if(m_byName.begin(), m_byName.end(), [&](auto const& known) {
+            return known.second->getEntityReference() == reference;
+        });
+        found = row != m_byName.end() ? row->second : found;
+    }
+    return isDeleted(found) ? Entity() : found;
+}
+
+Model::Entity Model::entityInParts(CAE::EntityReference const& reference) const
+{
+    if (auto const object = m_geometry->object(m_geometry->numberOf(reference));
+        object != KFR::NULLSP) {
+        return KFR::loose_cast<appfw::IEntityInterface>(object);
+    }
+    KFRIService owner = reference.service;
+    if (auto const instance = KFR::loose_cast<KFR::EOM::IEOMInstanceInterface>(owner);
+        instance != KFR::NULLSP) {
+        static_cast<void>(instance->getPart(owner));
+    }
+    auto const part = std::find_if(m_parts.begin(), m_parts.end(),
+                                   [&owner](auto const& known) { return known == owner; });
+    bool const isMesh =
+        part != m_parts.end() && reference.subId == 0 && (*part)->mesh() != KFR::NULLSP;
+    return isMesh ? (*part)->mesh()->entity(reference.typeId, reference.id) : Entity();
+}
+
+unsigned long long Model::highestNodeId() const
+{
+    unsigned long long highest = 0;
+    for (auto const& part : m_parts) {
+        if (auto const mesh = part->mesh(); !isDeleted(part) && mesh != KFR::NULLSP) {
+            highest = std::max(highest, mesh->highestNodeId());
+        }
+    }
+    return highest;
 }
 
 template <class Property>
@@ -116,7 +232,7 @@ KFRResult Model::remove(Entity const& entity)
 {
     auto const object = KFR::loose_cast<ModelObjectInterface>(entity);
     if (object == KFR::NULLSP || entity == m_root ||
-        !(byPersistentName(object->persistentName()) == entity)) {
+        !(ownByName(object->persistentName()) == entity)) {
         return KFRResult(kUnknownEntity)
             .addParam(entity == KFR::NULLSP
                           ? std::string("There is no entity to remove.")
@@ -153,6 +269,9 @@ void Model::removeBelow(Entity const& entity)
             }
             m_geometry->removeAllOf(*part);
             part->meshBodies().deleteAll();
+            if (part->mesh() != KFR::NULLSP) {
+                part->mesh()->deleteAll();
+            }
         }
     }
     for (Entity const& gone : below) {
@@ -177,11 +296,26 @@ void Model::take(Entity const& entity)
         m_service->deleted(entity);
     }
     if (m_byName.erase(object->persistentName()) == 0) {
+        if (auto const body = KFR::loose_cast<KFR::EOM::IEOMGeomBodyInterface>(entity);
+            body != KFR::NULLSP) {
+            deleteMeshOn(*body, reference.id);
+        }
         m_geometry->remove(m_geometry->numberOf(reference));
         return;
     }
     object->setDeleted(true);
     object->detach();
+}
+
+void Model::deleteMeshOn(KFR::EOM::IEOMGeomBodyInterface& body, unsigned number)
+{
+    KFRSmartPointer<KFR::EOM::IEOMPartInterface> owner;
+    static_cast<void>(body.getPart(owner));
+    for (auto const& part : m_parts) {
+        if (part == owner && part->mesh() != KFR::NULLSP) {
+            part->mesh()->deleteBodiesOn(number);
+        }
+    }
 }
 
 CAE::EntityReference Model::reference(unsigned number) const

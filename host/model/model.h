@@ -14,6 +14,7 @@
 #include "host/model/rootmanager.h"
 #include "platform/caedata/caedata.h"
 #include "platform/caedata/entityreference.h"
+#include "platform/eom/eom.h"
 #include "platform/registry/typeregistry.h"
 
 #include <map>
@@ -32,6 +33,7 @@ namespace vrn::orlo::host::model {
 ///     bracket                       the model itself
 ///     bracket/Part/bolt#2           the second part of that name
 ///     bracket/Part/bolt#2/FACE/7    its seventh face
+///     bracket/Part/bolt#2/MeshPart  its mesh; mesh bodies and meshes stand below "MeshBody"
 ///     bracket/Instance/rig/bolt     a node of the assembly tree, below the node "rig"
 ///     bracket/Material/steel        likewise Section and Behavior
 ///
@@ -64,6 +66,11 @@ public:
     {
         return m_geometry;
     }
+    /// Leads from numbers of the geometry to its objects; goes with the model.
+    [[nodiscard]] std::shared_ptr<GeometryLink> const& geometryLink() const noexcept
+    {
+        return m_link;
+    }
     /// The object that stands for the model; its name is that of the file to begin with.
     [[nodiscard]] KFRSmartPointer<ModelRoot> const& root() const noexcept { return m_root; }
 
@@ -87,17 +94,21 @@ public:
     [[nodiscard]] KFRSmartPointer<CAE::IPersistentObjectInterface> byPersistentName(
         std::string const& name) const;
 
+    /// The entity of a reference, be it added, of the geometry or of a part's mesh; its service may
+    /// also be an instance of the part. Null when there is none, or no longer.
+    [[nodiscard]] Entity entity(CAE::EntityReference const& reference) const;
+
     /// Failure    std::invalid_argument for an empty name. Names may repeat.
     KFRSmartPointer<Material> addMaterial(std::string const& name);
     KFRSmartPointer<SectionProperty> addSection(std::string const& name);
     KFRSmartPointer<BehaviorProperty> addBehavior(std::string const& name);
 
-    /// Deletes an object with what belongs to it: a part's geometry, mesh bodies and instances, a
-    /// body's faces, edges and vertices, all that stands in an assembly. Told is the going of the
-    /// object and of tree nodes, in one batch.
+    /// Deletes an object with what belongs to it: a part's geometry, mesh and instances, a body's
+    /// faces, edges, vertices and mesh bodies, all that stands in an assembly. Told is the going of
+    /// the object, of tree nodes and of meshes, in one batch.
     ///
     /// Failure    kUnknownEntity for null, for what is not of the model, was deleted already, or is
-    ///            the model itself.
+    ///            the model itself; for meshes, which go by meshing anew.
     KFRResult remove(Entity const& entity);
 
     /// Reference of a topological entity: its part as the service, the type of its class, its
@@ -117,11 +128,19 @@ public:
 private:
     template <class Property>
     KFRSmartPointer<Property> addProperty(std::string const& name);
+    /// Of what is made or found when it is asked for: geometry and meshes.
+    [[nodiscard]] Entity entityInParts(CAE::EntityReference const& reference) const;
+    void setUpParts();
+    [[nodiscard]] unsigned long long highestNodeId() const;
+    /// As byPersistentName(), but null for what is of a mesh.
+    [[nodiscard]] KFRSmartPointer<CAE::IPersistentObjectInterface> ownByName(
+        std::string const& name) const;
     /// Makes an object findable by name and, where there is a manager, by reference.
     void enter(Entity const& entity);
     /// The reverse, told to the service.
     void take(Entity const& entity);
     void removeBelow(Entity const& entity);
+    void deleteMeshOn(KFR::EOM::IEOMGeomBodyInterface& body, unsigned number);
 
     KFRSmartPointer<KFR::Services::TypeRegistry::ITypeRegistryInterface> m_types;
     std::shared_ptr<EntityService> m_service;
@@ -134,6 +153,7 @@ private:
     std::map<std::string, SiblingNames> m_propertyNames;  // by kind
     std::map<std::string, Entity> m_byName;               // all but root and geometry
     std::shared_ptr<GeometryStore> m_geometry;
+    std::shared_ptr<GeometryLink> m_link;
     RootManager::Registration m_resolver;  // goes before the store, which it asks
 };
 

@@ -123,6 +123,12 @@ public:
         return found;
     }
 
+    KFRResult isDeleted(bool& deleted) override
+    {
+        deleted = m_isDeleted;
+        return KFR::ok;
+    }
+
     // The object model's view.
 
     CAE::GUIDDATA getGuid() override { return m_guid; }

@@ -3,14 +3,17 @@
 
 #pragma once
 
+#include "host/model/geometrylink.h"
 #include "host/model/meshbodies.h"
 #include "host/model/modelobject.h"
+#include "host/model/partmesh.h"
 #include "platform/caedata/caedata.h"
 #include "platform/eom/eom.h"
 #include "platform/kfr/kfrserviceobject.h"
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vrn::orlo::host::model {
@@ -22,8 +25,8 @@ class PartInstance;
 /// Properties: "name" and "description", texts; "visible"; "color", 0xRRGGBB; "transparency", 0 for
 /// solid to 1 for invisible.
 ///
-/// Ownership  Holds its mesh bodies, as MeshBodies says, but neither its geometry nor its
-///            instances, all of which hold the part.
+/// Ownership  Holds its mesh, and the mesh bodies that others gave it, as MeshBodies says, but
+///            neither its geometry nor its instances, all of which hold the part.
 class Part final : public ModelObjectOf<CAE::IPartInterface, KFR::EOM::IEOMPartInterface,
                                         MeshBodyOwnerInterface> {
 public:
@@ -43,7 +46,36 @@ public:
     }
     [[nodiscard]] MeshBodies& meshBodies() noexcept override { return m_meshBodies; }
 
+    /// \param bodies  numbers of the part's geometry bodies, ascending
+    void setGeometry(std::weak_ptr<GeometryLink> link, std::vector<unsigned> bodies)
+    {
+        m_geometry = std::move(link);
+        m_geomBodies = std::move(bodies);
+    }
+    [[nodiscard]] std::weak_ptr<GeometryLink> const& geometry() const noexcept
+    {
+        return m_geometry;
+    }
+
+    /// The mesh as the child "MeshPart". To be given once: meshing anew changes what it shows.
+    /// \param mesh  answers CAE::IMeshPartInterface and KFR::EOM::IEOMMeshPartInterface as well
+    void setMeshPart(KFRSmartPointer<PartMeshInterface> const& mesh) { m_mesh = mesh; }
+    /// What was given, deleted or not; null before.
+    [[nodiscard]] KFRSmartPointer<PartMeshInterface> const& meshPart() const noexcept
+    {
+        return m_mesh;
+    }
+    /// Null where there is none, or where it is deleted.
+    [[nodiscard]] KFRSmartPointer<PartMeshInterface> mesh() const;
+
+    /// Those that others gave it, then those of its mesh.
     KFRResult getMeshBodies(CAE::IMeshBodySequence& bodies) override;
+    /// One, or none for a part that is not meshed.
+    KFRResult getMeshParts(CAE::IMeshPartSequence& meshParts) override;
+    KFRResult getMeshParts(KFR::EOM::IEOMMeshPartSequence& meshParts) override;
+    KFRResult getBodies(CAE::IPersistentObjectSequence& bodies) override;
+    KFRResult getChild(std::string const& name,
+                       KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& child) override;
     /// Those that are still there: neither deleted nor gone with their model.
     KFRResult getInstances(CAE::IInstanceSequence& instances) override;
     KFRResult getInstances(KFR::EOM::IEOMInstanceSequence& instances) override;
@@ -51,26 +83,34 @@ public:
     std::string getObjectName() override { return "Part " + m_name; }
 
 private:
+    ~Part() override;
+
     std::string m_name;
     MeshBodies m_meshBodies;
+    KFRSmartPointer<PartMeshInterface> m_mesh;
+    std::weak_ptr<GeometryLink> m_geometry;
+    std::vector<unsigned> m_geomBodies;
     std::vector<KFRSmartPointer<KFR::Framework::KFRIWeakReferenceInterface>> m_instances;
 };
 
 /// A node of the assembly tree.
-using TreeNode = ModelObjectOf<CAE::IInstanceInterface, KFR::EOM::IEOMInstanceInterface>;
+template <class... Further>
+using TreeNodeOf =
+    ModelObjectOf<CAE::IInstanceInterface, KFR::EOM::IEOMInstanceInterface, Further...>;
 
 /// A part in its place.
 ///
 /// Properties: "name", a text; "visible".
 ///
 /// Ownership  Holds the part.
-class PartInstance final : public TreeNode {
+class PartInstance final : public TreeNodeOf<> {
 public:
     /// \param persistentName, typeId, number, service  as for ModelObjectOf
     PartInstance(std::string const& name, std::string persistentName, KFRSmartPointer<Part> part,
                  unsigned int typeId, unsigned int number, std::shared_ptr<EntityService> service);
 
     KFRResult getReferenceObject(KFRSmartPointer<CAE::IPersistentObjectInterface>& object) override;
+    KFRResult getReferenceObject(KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& object) override;
     KFRResult getPart(KFRIService& part) override;
 
     std::string getObjectName() override { return "PartInstance " + persistentName(); }
@@ -84,18 +124,35 @@ private:
 /// parts but no assemblies, so an assembly is what stands in its own place.
 ///
 /// Properties: as PartInstance.
-class Assembly final : public TreeNode {
+///
+/// Ownership  Holds what stands in it.
+class Assembly final : public TreeNodeOf<KFR::EOM::IEOMAssemblyInterface> {
 public:
     /// \param persistentName, typeId, number, service  as for ModelObjectOf
     Assembly(std::string const& name, std::string persistentName, unsigned int typeId,
              unsigned int number, std::shared_ptr<EntityService> service);
 
+    /// In the order of the tree.
+    void addChild(KFRSmartPointer<appfw::IEntityInterface> const& node)
+    {
+        m_children.push_back(node);
+    }
+
     /// The assembly itself.
     KFRResult getReferenceObject(KFRSmartPointer<CAE::IPersistentObjectInterface>& object) override;
+    KFRResult getReferenceObject(KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& object) override;
+    /// None: nodes and elements belong to parts.
+    KFRResult getMeshParts(KFR::EOM::IEOMMeshPartSequence& meshParts) override;
+    /// The first instance of a name, which is that of the property "name".
+    KFRResult getChild(std::string const& name,
+                       KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& child) override;
     /// Fails: no part stands there.
     KFRResult getPart(KFRIService& part) override;
 
     std::string getObjectName() override { return "Assembly " + persistentName(); }
+
+private:
+    std::vector<KFRSmartPointer<appfw::IEntityInterface>> m_children;
 };
 
 }  // namespace vrn::orlo::host::model

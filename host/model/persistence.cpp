@@ -16,6 +16,30 @@ KFRResult ModelRoot::getDesignPart(KFRSmartPointer<CAE::IPartInterface>&)
     return KFR::notDone;
 }
 
+KFRResult ModelRoot::getNextAvaialbleNodeID(unsigned long long& id)
+{
+    if (!m_answers.m_highestNodeId) {
+        return KFR::notDone;
+    }
+    id = m_answers.m_highestNodeId() + 1;
+    return KFR::ok;
+}
+
+KFRResult ModelRoot::resolveEntity(CAE::EntityReference const& reference,
+                                   KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& object)
+{
+    if (!m_answers.m_entity) {
+        return KFR::notDone;
+    }
+    auto const found =
+        KFR::loose_cast<KFR::EOM::IEOMObjectInterface>(m_answers.m_entity(reference));
+    if (found == KFR::NULLSP || model::isDeleted(found)) {
+        return KFR::notDone;
+    }
+    object = found;
+    return KFR::ok;
+}
+
 void PersistenceSession::open(ModelRoot& model)
 {
     std::erase_if(m_models, [](auto const& known) { return known->lock() == KFR::NULLSP; });

@@ -5,10 +5,13 @@
 
 #include "host/model/modelobject.h"
 #include "platform/caedata/caedata.h"
+#include "platform/eom/eom.h"
 #include "platform/kfr/kfrserviceobject.h"
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vrn::orlo::host::model {
@@ -17,15 +20,32 @@ namespace vrn::orlo::host::model {
 ///
 /// Properties: "name", a text.
 ///
-/// Ownership  Holds nothing of the model.
-class ModelRoot final : public ModelObjectOf<CAE::IModelInterface> {
+/// Ownership  Holds nothing of the model: it asks what the model has given it to ask.
+class ModelRoot final : public ModelObjectOf<CAE::IModelInterface, KFR::EOM::IEOMModelInterface> {
 public:
+    /// What a model answers about itself.
+    struct Answers {
+        /// Null for a reference that leads to nothing.
+        std::function<EntityService::Entity(CAE::EntityReference const&)> m_entity;
+        /// Over all parts; 0 where none has nodes.
+        std::function<unsigned long long()> m_highestNodeId;
+    };
+
     /// \param persistentName, typeId, service  as for ModelObjectOf
     ModelRoot(std::string const& name, std::string persistentName, unsigned int typeId,
               std::shared_ptr<EntityService> service);
 
+    /// \param answers  empty when the model goes: what is asked then fails
+    void answerWith(Answers answers) { m_answers = std::move(answers); }
+
+    KFRResult getNextAvaialbleNodeID(unsigned long long& id) override;
+    KFRResult resolveEntity(CAE::EntityReference const& reference,
+                            KFRSmartPointer<KFR::EOM::IEOMObjectInterface>& object) override;
     /// Fails: no part is set apart for optimisation.
     KFRResult getDesignPart(KFRSmartPointer<CAE::IPartInterface>& part) override;
+
+private:
+    Answers m_answers;
 };
 
 /// The models that are open. A model that has gone, or has been closed, is open no more.

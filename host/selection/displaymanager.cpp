@@ -1,5 +1,7 @@
 #include "host/selection/displaymanager.h"
 
+#include <utility>
+
 namespace vrn::orlo::host::selection {
 
 void DisplayManager::addHighlights(int kind, CAE::EntityReferenceSequence const& references)
@@ -27,6 +29,21 @@ KFRResult DisplayManager::getPickingSettings(
     KFRSmartPointer<ddm::KFRIPickingSettingAdapter>& settings)
 {
     settings = m_settings;
+    return KFR::ok;
+}
+
+void DisplayManager::setViewportAdapter(KFRSmartPointer<ddm::KFRIDisplayViewportAdapter> adapter)
+{
+    m_viewport = std::move(adapter);
+}
+
+KFRResult DisplayManager::getViewportAdapter(
+    KFRSmartPointer<ddm::KFRIDisplayViewportAdapter>& adapter)
+{
+    if (m_viewport == KFR::NULLSP) {
+        return KFR::notDone;
+    }
+    adapter = m_viewport;
     return KFR::ok;
 }
 

@@ -16,11 +16,11 @@ namespace vrn::orlo::host::selection {
 /// The kind of highlights that show what is picked.
 inline constexpr int kPickHighlight = 0;
 
-/// Keeps highlights by kind, and the settings of picking.
+/// Keeps highlights by kind, the settings of picking, and the viewport.
 ///
 /// Order      Highlights of a kind as added, each as often as added.
-/// Failure    None: a kind that nothing is highlighted with has no highlights.
-/// Ownership  Holds the owners of what is highlighted.
+/// Failure    A kind that nothing is highlighted with has no highlights.
+/// Ownership  Holds the owners of what is highlighted, and the viewport.
 /// Threads    Main thread.
 class DisplayManager final : public KFRServiceObjectImpl<ddm::KFRIDisplay3DDataManager> {
 public:
@@ -37,11 +37,18 @@ public:
         return m_settings;
     }
 
+    /// \param adapter  of the viewport in use; null for none
+    void setViewportAdapter(KFRSmartPointer<ddm::KFRIDisplayViewportAdapter> adapter);
+    /// Fails without a viewport, and leaves the argument as it was.
+    KFRResult getViewportAdapter(
+        KFRSmartPointer<ddm::KFRIDisplayViewportAdapter>& adapter) override;
+
     std::string getObjectName() override { return "vrn.orlo.host.selection:DisplayManager"; }
 
 private:
     std::map<int, CAE::EntityReferenceSequence> m_highlights;
     KFRSmartPointer<PickingSettings> m_settings = KFR::make<PickingSettings>();
+    KFRSmartPointer<ddm::KFRIDisplayViewportAdapter> m_viewport;
 };
 
 }  // namespace vrn::orlo::host::selection

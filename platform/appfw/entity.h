@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/caedata/caedata.h"
 #include "platform/caedata/entityreference.h"
 #include "platform/kfr/kfrany.h"
 #include "platform/kfr/kfrresult.h"
@@ -31,6 +32,14 @@ class IEntityNotificationInterface : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.appfw.IEntityNotification")
 
     virtual KFRResult notify(std::string const& name, KFRAny const& arguments) = 0;
+};
+
+/// An entity that stands for an object of the persistence framework.
+class IPFWSupportInterface : public KFRIServiceInterface {
+    KFR_INTERFACE("vrn.orlo.appfw.IPFWSupport")
+
+    virtual KFRResult getPFWObject(
+        KFRSmartPointer<CAE::IPersistentObjectInterface>& object) = 0;
 };
 
 /// A list object of entities.

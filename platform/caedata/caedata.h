@@ -5,6 +5,7 @@
 
 #include "platform/caedata/entityreference.h"
 #include "platform/caedata/guiddata.h"
+#include "platform/caedata/meshdata.h"
 #include "platform/kfr/kfrresult.h"
 #include "platform/kfr/kfrsequence.h"
 #include "platform/kfr/kfrsmartpointer.h"
@@ -15,12 +16,7 @@
 
 namespace KFR::PersistenceFW::CAEData {
 
-class IElementInterface;
-class IGeomBodyInterface;
-class IGeometryInterface;
 class IInstanceInterface;
-class IMeshBodyInterface;
-class IMeshInterface;
 
 /// Anything that is kept in a model.
 ///
@@ -31,13 +27,14 @@ class IPersistentObjectInterface : public KFRIServiceInterface {
     virtual KFRResult getIdentifier(GUIDDATA& identifier) = 0;
     /// The object that contains this one.
     virtual KFRResult getParent(KFRSmartPointer<IPersistentObjectInterface>& parent) = 0;
+    /// Whether the object has been taken out of its model.
+    virtual KFRResult isDeleted(bool& deleted) = 0;
 };
 
+using IPersistentObjectSequence = KFRSequence<KFRSmartPointer<IPersistentObjectInterface>>;
 using IGeometrySequence = KFRSequence<KFRSmartPointer<IGeometryInterface>>;
 using IGeomBodySequence = KFRSequence<KFRSmartPointer<IGeomBodyInterface>>;
 using IInstanceSequence = KFRSequence<KFRSmartPointer<IInstanceInterface>>;
-using IMeshSequence = KFRSequence<KFRSmartPointer<IMeshInterface>>;
-using IMeshBodySequence = KFRSequence<KFRSmartPointer<IMeshBodyInterface>>;
 
 class IPartInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IPart")
@@ -45,6 +42,9 @@ class IPartInterface : public KFRIServiceInterface {
     virtual KFRResult getMeshBodies(IMeshBodySequence& bodies) = 0;
     /// The places where the part stands, in the order of the assembly.
     virtual KFRResult getInstances(IInstanceSequence& instances) = 0;
+    virtual KFRResult getMeshParts(IMeshPartSequence& meshParts) = 0;
+    /// Geometry bodies in the order of their numbers, then mesh bodies without geometry.
+    virtual KFRResult getBodies(IPersistentObjectSequence& bodies) = 0;
 };
 
 using IPartSequence = KFRSequence<KFRSmartPointer<IPartInterface>>;
@@ -67,6 +67,12 @@ class IGeometryInterface : public KFRIServiceInterface {
     virtual KFRResult getOwningBody(KFRSmartPointer<IGeometryInterface>& body) = 0;
     /// The entity that displays the geometry, and the geometry's number within it.
     virtual KFRResult getDisplayEntity(EntityReference& entity, unsigned int& number) = 0;
+    /// The entity's number in the geometry server.
+    virtual KFRResult getNumber(int& number) = 0;
+    /// The meshes whose elements lie on the entity itself; of a body all of its own.
+    virtual KFRResult getMeshes(IMeshSequence& meshes) = 0;
+    /// Whether nodes lie on the entity, be they of its own elements or of a mesh that it bounds.
+    virtual KFRResult isMeshed(bool& meshed) = 0;
 };
 
 /// A body. The object is an IGeometryInterface as well.
@@ -74,43 +80,8 @@ class IGeomBodyInterface : public KFRIServiceInterface {
     KFR_INTERFACE("KFR.PersistenceFW.CAEData.IGeomBody")
 
     virtual KFRResult getMeshBodies(IMeshBodySequence& bodies) = 0;
-};
-
-/// The mesh of a body.
-class IMeshBodyInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IMeshBody")
-
-    /// The meshes of a type.
-    virtual KFRResult getMeshes(unsigned int typeId, IMeshSequence& meshes) = 0;
-    /// \param id    external id where `flag` is true, local number where it is false
-    virtual KFRResult getElement(unsigned long long id, KFRSmartPointer<IElementInterface>& element,
-                                 bool flag) = 0;
-};
-
-/// Elements of one dimension.
-class IMeshInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IMesh")
-
-    virtual KFRResult getDimension(unsigned char& dimension) = 0;
-    virtual KFRResult getMeshBody(KFRSmartPointer<IMeshBodyInterface>& body) = 0;
-};
-
-/// A finite-element mesh; the object is an IMeshInterface as well.
-class IFEMeshInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IFEMesh")
-};
-
-class IElementInterface : public KFRIServiceInterface {
-    KFR_INTERFACE("KFR.PersistenceFW.CAEData.IElement")
-
-    /// The external id, which the user and the solver see.
-    virtual KFRResult getId(unsigned long long& id) = 0;
-    /// The local number, which references carry.
+    /// The body's number in the geometry server.
     virtual KFRResult getNumber(int& number) = 0;
-    virtual KFRResult getNodeCount(int& count) = 0;
-    /// 0 line, 1 triangle, 2 quadrilateral, any other a solid.
-    virtual KFRResult getShape(int& shape) = 0;
-    virtual KFRResult getMesh(KFRSmartPointer<IMeshInterface>& mesh) = 0;
 };
 
 class IMaterialInterface : public KFRIServiceInterface {
@@ -134,6 +105,8 @@ class IModelInterface : public KFRIServiceInterface {
 
     /// The part that optimisation works on. Fails, with `part` as it was, where there is none.
     virtual KFRResult getDesignPart(KFRSmartPointer<IPartInterface>& part) = 0;
+    /// An id that no node of the model has. So spelt deliberately: callers link against it.
+    virtual KFRResult getNextAvaialbleNodeID(unsigned long long& id) = 0;
 };
 
 class IPersistenceSessionInterface : public KFRIServiceInterface {

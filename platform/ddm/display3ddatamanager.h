@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/caedata/entityreference.h"
+#include "platform/ddm/viewportadapter.h"
 #include "platform/kfr/kfrresult.h"
 #include "platform/kfr/kfrsequence.h"
 #include "platform/kfr/kfrsmartpointer.h"
@@ -26,6 +27,8 @@ class KFRIDisplay3DDataManager : public KFRIServiceInterface {
     /// \param kinds  of highlights: 0 pick, 3 and 4 the display's
     virtual KFRResult clearHighlights(KFRSequence<int> const& kinds) = 0;
     virtual KFRResult getPickingSettings(KFRSmartPointer<KFRIPickingSettingAdapter>& settings) = 0;
+    /// Fails while there is no viewport.
+    virtual KFRResult getViewportAdapter(KFRSmartPointer<KFRIDisplayViewportAdapter>& adapter) = 0;
 };
 
 /// Sub-entities of one displayed entity.

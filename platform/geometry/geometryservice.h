@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/caedata/caedata.h"
 #include "platform/caedata/entityreference.h"
 #include "platform/gsc/geometryserver.h"
 #include "platform/kfr/kfrresult.h"
@@ -12,11 +13,21 @@
 
 namespace vrn::orlo::plugin::geometry {
 
+/// From numbers of the geometry server to objects.
+///
+/// Failure    What is not there: a failure, with the last argument as it was.
 class KFRIGeomSession : public KFRIServiceInterface {
     KFR_INTERFACE("vrn.orlo.plugin.geometry.KFRIGeomSession")
 
     virtual KFRResult getQueryTool(KFRSmartPointer<gsc::GSCIQueryTool>& tool) = 0;
     virtual KFRResult getModifyTool(KFRSmartPointer<gsc::GSCIModifyTool>& tool) = 0;
+    virtual KFRResult getGeometry(int number, KFRSmartPointer<CAE::IGeometryInterface>& geometry) = 0;
+    /// Fails for what is no body.
+    virtual KFRResult getGeomBody(int number, KFRSmartPointer<CAE::IGeomBodyInterface>& body) = 0;
+    /// The part that the entity belongs to.
+    virtual KFRResult getPart(int number, KFRSmartPointer<CAE::IPartInterface>& part) = 0;
+    /// The entity's type in the type registry.
+    virtual KFRResult getTypeId(int number, unsigned int& typeId) = 0;
 };
 
 class KFRIGeomCommonService : public KFRIServiceInterface {
@@ -25,6 +36,9 @@ class KFRIGeomCommonService : public KFRIServiceInterface {
     virtual KFRResult getSession(KFRSmartPointer<KFRIGeomSession>& session) = 0;
     /// The progress object of the running geometry operation.
     virtual KFRResult getProgress(KFRIService& progress) = 0;
+    /// The reference of a number of the geometry server in a model.
+    virtual KFRResult findInModel(KFRSmartPointer<CAE::IModelInterface> const& model, int number,
+                                  CAE::EntityReference& reference) = 0;
 };
 
 /// Displays geometry.

@@ -32,5 +32,6 @@ struct KFRDoubleMatrix33 {
     friend bool operator==(KFRDoubleMatrix33 const&, KFRDoubleMatrix33 const&) = default;
 };
 
+using KFRInt64SequenceSequence = KFRSequence<KFRSequence<long long>>;
 using KFRDouble3DPointSequence = KFRSequence<KFRDouble3DPoint>;
 using KFRFloat3DPointSequence = KFRSequence<KFRFloat3DPoint>;

@@ -17,9 +17,9 @@ using test::PlatformScope;
 
 /// An instance that is its own part, in every form that it is asked for.
 class FakePart final
-    : public KFRServiceObjectImpl<IEntityInterface, KFR::EOM::IEOMInstanceInterface,
-                                  KFR::EOM::IEOMPartInterface, CAE::IPartInterface,
-                                  CAE::IPersistentObjectInterface> {
+    : public KFRServiceObjectImpl<IEntityInterface, test::silent::EOMInstanceView,
+                                  test::silent::EOMPartView, test::silent::PartView,
+                                  test::silent::PersistentView> {
 public:
     CAE::GUIDDATA m_identifier;
     int m_steps;  ///< How many of the steps to the identifier lead on.
@@ -38,13 +38,6 @@ public:
         identifier = m_identifier;
         return KFR::ok;
     }
-    KFRResult getParent(KFRSmartPointer<CAE::IPersistentObjectInterface>&) override
-    {
-        return KFR::notDone;
-    }
-    KFRResult getMeshBodies(CAE::IMeshBodySequence&) override { return KFR::notDone; }
-    KFRResult getInstances(CAE::IInstanceSequence&) override { return KFR::notDone; }
-    KFRResult getInstances(KFR::EOM::IEOMInstanceSequence&) override { return KFR::notDone; }
     CAE::EntityReference getEntityReference() override { return {}; }
     KFRResult setProperty(std::string const&, KFRAny const&) override { return KFR::notDone; }
     KFRResult getProperty(std::string const&, KFRAny&) override { return KFR::notDone; }

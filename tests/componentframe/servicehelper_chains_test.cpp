@@ -81,10 +81,10 @@ struct {
      {PUT(kGeometry, geometry), STEP(return w.geometry->progress = KFR::make<Stranger>())}},
     {"getGSCQueryTool", &ServiceHelper::getGSCQueryTool,
      {PUT(kServer, server), STEP(return w.server->session = w.session),
-      STEP(return w.session->queryTool = makePlain<gsc::GSCIQueryTool>())}},
+      STEP(return w.session->queryTool = makePlain<test::silent::QueryToolView>())}},
     {"getGSCModifyTool", &ServiceHelper::getGSCModifyTool,
      {PUT(kServer, server), STEP(return w.server->session = w.session),
-      STEP(return w.session->modifyTool = makePlain<gsc::GSCIModifyTool>())}},
+      STEP(return w.session->modifyTool = makePlain<test::silent::ModifyToolView>())}},
     {"getTransformService", &ServiceHelper::getTransformService,
      {PUT(kTransform, transform), STEP(return w.transform->transform = KFR::make<Stranger>())}},
     {"getTrashbin", &ServiceHelper::getTrashbin,
@@ -152,10 +152,10 @@ TEST(Chains, PreferTheToolsOfTheGeometrySession)
     world.putBothSessions();
     auto const& geometry = world.geomSession;
     auto const& server = world.session;
-    geometry->queryTool = makePlain<gsc::GSCIQueryTool>();
-    server->queryTool = makePlain<gsc::GSCIQueryTool>();
-    geometry->modifyTool = makePlain<gsc::GSCIModifyTool>();
-    server->modifyTool = makePlain<gsc::GSCIModifyTool>();
+    geometry->queryTool = makePlain<test::silent::QueryToolView>();
+    server->queryTool = makePlain<test::silent::QueryToolView>();
+    geometry->modifyTool = makePlain<test::silent::ModifyToolView>();
+    server->modifyTool = makePlain<test::silent::ModifyToolView>();
     EXPECT_THAT(ServiceHelper::getGSCQueryTool(), IsObject(geometry->queryTool));
     EXPECT_THAT(ServiceHelper::getGSCModifyTool(), IsObject(geometry->modifyTool));
 
@@ -171,7 +171,7 @@ TEST(Chains, DoNotAskTheServerForAToolThatTheGeometrySessionHas)
 {
     World world;
     world.putBothSessions();
-    world.geomSession->queryTool = makePlain<gsc::GSCIQueryTool>();
+    world.geomSession->queryTool = makePlain<test::silent::QueryToolView>();
     world.platform.services().putStranger(kServer);
     EXPECT_FALSE(ServiceHelper::getGSCQueryTool() == KFR::NULLSP);
     EXPECT_THROW(ServiceHelper::getGSCModifyTool(), KFRSystemException);

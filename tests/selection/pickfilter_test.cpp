@@ -4,6 +4,7 @@
 #include "tests/selection/selectionscope.h"
 #include "tests/support/appframefakes.h"
 #include "tests/support/eventfakes.h"
+#include "tests/support/silent.h"
 
 #include <gmock/gmock.h>
 
@@ -22,9 +23,8 @@ constexpr int kOwner = 20130711;
 constexpr unsigned int kMinus7 = 0U - 7;
 constexpr unsigned int kMinus9 = 0U - 9;
 
-struct Managers
-    : KFRServiceObjectImpl<appfw::IPickFilterManagerInterface, ddm::KFRIDisplay3DDataManager,
-                           ddm::KFRIPickingSettingAdapter> {
+struct Managers : KFRServiceObjectImpl<appfw::IPickFilterManagerInterface,
+                                       test::silent::DisplayView, ddm::KFRIPickingSettingAdapter> {
     using Settings = KFRSmartPointer<ddm::KFRIPickingSettingAdapter>;
     KFRResult getPickingSettings(Settings& out) override { return out = Settings(this), KFR::ok; }
     MOCK_METHOD(KFRResult, getPickTargets, (Ids&), (override));

@@ -15,6 +15,7 @@
 #include "platform/kfr/kfrserviceobject.h"
 #include "platform/shell/shell.h"
 #include "platform/sysutils/sysutils.h"
+#include "tests/support/silent.h"
 
 #include <unicode/unistr.h>
 
@@ -132,7 +133,7 @@ public:
     }
 };
 
-class FakeModel final : public KFRServiceObjectImpl<CAE::IModelInterface> {
+class FakeModel final : public KFRServiceObjectImpl<silent::ModelView> {
 public:
     KFRSmartPointer<CAE::IPartInterface> designPart;
 

@@ -8,10 +8,12 @@
 #include "platform/gsc/geometryserver.h"
 #include "platform/shell/shell.h"
 #include "tests/support/appframefakes.h"
+#include "tests/support/silent.h"
 
 namespace vrn::orlo::plugin::modeling::test {
 
-/// A session with tools: `I` is that of the geometry plug-in or that of the geometry server.
+/// A session with tools: `I` is that of the geometry plug-in, silent otherwise, or that of the
+/// geometry server.
 template <class I>
 class FakeToolSession final : public KFRServiceObjectImpl<I> {
 public:
@@ -28,7 +30,7 @@ public:
     }
 };
 
-using FakeGeomSession = FakeToolSession<geometry::KFRIGeomSession>;
+using FakeGeomSession = FakeToolSession<silent::GeomSessionView>;
 using FakeGSCSession = FakeToolSession<gsc::KFRIGSCSession>;
 
 class FakeGSCServer final : public KFRServiceObjectImpl<gsc::KFRIGSCServer> {
@@ -51,7 +53,7 @@ public:
     }
 };
 
-class FakeGeomCommonService final : public KFRServiceObjectImpl<geometry::KFRIGeomCommonService> {
+class FakeGeomCommonService final : public KFRServiceObjectImpl<silent::GeomCommonServiceView> {
 public:
     KFRSmartPointer<geometry::KFRIGeomSession> session;
     KFRIService progress;

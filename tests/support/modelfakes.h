@@ -11,6 +11,7 @@
 #include "platform/servicecaches/servicecachemodelingplugin.h"
 #include "plugins/modelingplugin/utilities/identity/entitycompare.h"
 #include "tests/support/platformscope.h"
+#include "tests/support/silent.h"
 
 #include <map>
 #include <optional>
@@ -79,12 +80,11 @@ using PlainEntity = EntityOf<>;
 
 /// An object of all three worlds: persistent, of the object model, and an entity.
 template <class... Is>
-struct ObjectOf : EntityOf<CAE::IPersistentObjectInterface, KFR::EOM::IEOMObjectInterface, Is...> {
+struct ObjectOf : EntityOf<silent::PersistentView, KFR::EOM::IEOMObjectInterface, Is...> {
     CAE::GUIDDATA guid;
 
     HANDS_OUT(getParent, Persistent, parent)
     KFRIService self() { return {this->kfrRoot(), {}}; }
-    KFRResult getIdentifier(CAE::GUIDDATA&) override { return KFR::notDone; }
     CAE::GUIDDATA getGuid() override { return guid; }
     bool isSameObject(EOMObject const& other) override { return other == self(); }
     KFRResult getPersistentObject(Persistent& out) override { return giveView(self(), out); }
@@ -98,14 +98,13 @@ struct FakeInstance final : EntityOf<CAE::IInstanceInterface> {
     HANDS_OUT(getReferenceObject, Persistent, placed)
 };
 
-struct FakePart final : ObjectOf<CAE::IPartInterface> {
+struct FakePart final : ObjectOf<silent::PartView> {
     HANDS_OUT(getMeshBodies, CAE::IMeshBodySequence, bodies)
     HANDS_OUT(getInstances, CAE::IInstanceSequence, instances)
 };
 
 /// A mesh, its entity and its element tables in one.
-struct FakeMesh final
-    : EntityOf<CAE::IMeshInterface, CAE::IFEMeshInterface, fem::IFEMeshDataInterface> {
+struct FakeMesh final : EntityOf<silent::MeshView, silent::FEMeshView, fem::IFEMeshDataInterface> {
     HANDS_OUT(getDimension, unsigned char, dimension)
     HANDS_OUT(getMeshBody, MeshBody, body)
     HANDS_OUT(getTriangleOwner, Entity, triangles)
@@ -113,7 +112,7 @@ struct FakeMesh final
     HANDS_OUT(getSolidOwner, Entity, solids)
 };
 
-struct FakeElement final : KFRServiceObjectImpl<CAE::IElementInterface> {
+struct FakeElement final : KFRServiceObjectImpl<silent::ElementView> {
     HANDS_OUT(getId, unsigned long long, id)
     HANDS_OUT(getNumber, int, number)
     HANDS_OUT(getNodeCount, int, nodeCount)
@@ -122,8 +121,7 @@ struct FakeElement final : KFRServiceObjectImpl<CAE::IElementInterface> {
 };
 
 /// Its elements stand in a flat array: numbers from 0, ids from 1000.
-struct FakeMeshBody final
-    : KFRServiceObjectImpl<CAE::IMeshBodyInterface, CAE::IPersistentObjectInterface> {
+struct FakeMeshBody final : KFRServiceObjectImpl<silent::MeshBodyView, silent::PersistentView> {
     CAE::IMeshSequence meshes;
     std::vector<SP<FakeElement>> elements;
 
@@ -144,7 +142,6 @@ struct FakeMeshBody final
         out = number < elements.size() ? elements[number] : SP<FakeElement>();
         return out != KFR::NULLSP ? KFR::ok : KFR::notDone;
     }
-    KFRResult getIdentifier(CAE::GUIDDATA&) override { return KFR::notDone; }
 };
 
 /// 0 is the id of nothing.

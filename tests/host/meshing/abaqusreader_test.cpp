@@ -1,6 +1,7 @@
 #include "host/meshing/meshtesting.h"
 
 #include "host/meshing/abaquselements.h"
+#include "host/meshing/meshreading.h"
 
 #include <gmock/gmock.h>
 
@@ -17,28 +18,6 @@ using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-/// A set's members by their external ids.
-std::vector<ExternalId> idsOf(Numbering const& numbering, std::vector<MeshSet> const& sets,
-                              std::string_view name)
-{
-    MeshSet const* const set = findSet(sets, name);
-    EXPECT_NE(set, nullptr) << name;
-    std::vector<ExternalId> ids;
-    for (LocalNumber const number : set != nullptr ? set->m_numbers : std::vector<LocalNumber>()) {
-        ids.push_back(numbering.idOf(number));
-    }
-    return ids;
-}
-
-std::vector<ExternalId> nodeIdsOf(MeshStore const& store, ExternalId element)
-{
-    std::vector<ExternalId> ids;
-    for (LocalNumber const node : store.nodesOf(store.elements().numberOf(element))) {
-        ids.push_back(store.nodes().idOf(node));
-    }
-    return ids;
-}
-
 using RealAbaqusFiles = RealMesh;
 
 TEST_F(RealAbaqusFiles, HaveTheNodesAndElementsThatAreKnownOfThem)
@@ -50,6 +29,11 @@ TEST_F(RealAbaqusFiles, HaveTheNodesAndElementsThatAreKnownOfThem)
         std::uint8_t m_dimension;
         char const* m_type;
         MeshBox m_box;
+        ::testing::Matcher<std::vector<std::string> const&> m_warnings;
+    };
+    auto const tellsOf = [](char const* keywords) {
+        return ElementsAre(HasSubstr(": the steps are not used, nor what they hold"),
+                           EndsWith(std::string(keywords) + " not used"));
     };
     for (Row const& row : {
              Row{"constraint_tie.inp",
@@ -57,12 +41,37 @@ TEST_F(RealAbaqusFiles, HaveTheNodesAndElementsThatAreKnownOfThem)
                  6044,
                  3,
                  "C3D10",
-                 {{-1235, -1235, 0}, {1235, 1235, 1005}}},
-             Row{"ccx_cantilever_ele_hexa20.inp", 261, 32, 3, "C3D20", {{}, {8000, 1000, 1000}}},
-             Row{"ccx_cantilever_ele_quad8.inp", 25, 4, 2, "S8", {{0, 500, 0}, {8000, 500, 1000}}},
-             Row{"ccx_cantilever_ele_seg3.inp", 11, 5, 1, "B32", {{0, 500, 500}, {8000, 500, 500}}},
-             Row{"tetra10_mesh.inp", 10, 1, 3, "C3D10", {{}, {12, 12, 18}}},
-             Row{"beamptied1.inp", 282, 32, 3, "C3D20R", {{}, {1, 1, 8}}},
+                 {{-1235, -1235, 0}, {1235, 1235, 1005}},
+                 tellsOf(".inp: 1 *ELASTIC, 1 *MATERIAL, 1 *SOLID SECTION, 2 *SURFACE, 1 *TIE")},
+             Row{"ccx_cantilever_ele_hexa20.inp",
+                 261,
+                 32,
+                 3,
+                 "C3D20",
+                 {{}, {8000, 1000, 1000}},
+                 tellsOf(", 1 *SOLID SECTION")},
+             Row{"ccx_cantilever_ele_quad8.inp",
+                 25,
+                 4,
+                 2,
+                 "S8",
+                 {{0, 500, 0}, {8000, 500, 1000}},
+                 tellsOf(", 1 *SHELL SECTION")},
+             Row{"ccx_cantilever_ele_seg3.inp",
+                 11,
+                 5,
+                 1,
+                 "B32",
+                 {{0, 500, 500}, {8000, 500, 500}},
+                 tellsOf(".inp: 1 *BEAM SECTION, 1 *ELASTIC, 1 *MATERIAL")},
+             Row{"tetra10_mesh.inp", 10, 1, 3, "C3D10", {{}, {12, 12, 18}}, ElementsAre()},
+             Row{"beamptied1.inp",
+                 282,
+                 32,
+                 3,
+                 "C3D20R",
+                 {{}, {1, 1, 8}},
+                 tellsOf(", 3 *SURFACE, 1 *TIE")},
          }) {
         SCOPED_TRACE(row.m_file);
         MeshFile const file = readAbaqusMesh(meshFile(row.m_file));
@@ -78,7 +87,8 @@ TEST_F(RealAbaqusFiles, HaveTheNodesAndElementsThatAreKnownOfThem)
             EXPECT_NEAR(store.box().m_low[axis], row.m_box.m_low[axis], 1e-9);
             EXPECT_NEAR(store.box().m_high[axis], row.m_box.m_high[axis], 1e-9);
         }
-        EXPECT_TRUE(file.m_warnings.empty());
+        EXPECT_THAT(file.m_warnings, row.m_warnings);
+        expectNodesInTheMiddleOfSides(store, row.m_elements, 5e-3 * row.m_box.m_high[2]);
     }
 }
 
@@ -229,6 +239,24 @@ TEST_F(AbaqusReader, ReadsPartsWithNumbersOfTheirOwnAndTheirPlaces)
                 ElementsAre(HasSubstr(":24: *NODE belongs to no part"), HasSubstr(":27: *NSET")));
 }
 
+TEST_F(AbaqusReader, TakesTheMiddleNodeOfALineFromBetweenItsEnds)
+{
+    MeshFile const file = read("*NODE\n1,0\n2,1\n3,2\n*ELEMENT, TYPE=B32\n7,1,2,\n3\n");
+    EXPECT_THAT(nodeIdsOf(*file.m_parts[0], 7), ElementsAre(1, 3, 2));
+}
+
+TEST_F(AbaqusReader, CountsKeywordsThatItDoesNotUseAndNamesStepsOnce)
+{
+    MeshFile const file =
+        read("*HEADING\nmodel\n" + std::string(kQuadNodes) +
+             "*ELEMENT,TYPE=S4\n1,1,2,3,4\n*Solid  Section\n*TIE\n*tie\n*STEP\n*CLOAD\n"
+             "*END STEP\n*AMPLITUDE\n*STEP\n*CLOAD\n*END STEP\n");
+    EXPECT_THAT(
+        file.m_warnings,
+        ElementsAre(HasSubstr("mesh.inp:15: the steps are not used, nor what they hold"),
+                    EndsWith("mesh.inp: 1 *AMPLITUDE, 1 *SOLID  SECTION, 2 *TIE not used")));
+}
+
 TEST_F(AbaqusReader, FollowsIncludesAndPlacesErrorsInThem)
 {
     std::filesystem::create_directory(folder() / "sub");
@@ -262,6 +290,11 @@ TEST_F(AbaqusReader, RefusesWithOneLineThatNamesPlaceAndMend)
              Row{"*ELEMENT,TYPE=B31\n7,1,2\n7,2,3\n",
                  ":10: element 7 is given twice, first in line 9; "},
              Row{"*ELEMENT,TYPE=C3D9\n", ":8: element type C3D9 is not known; convert"},
+             Row{"*ELEMENT,TYPE=C3D5\n",
+                 ":8: element type C3D5 is a pyramid, which a mesh here does not take; remesh"},
+             Row{"*ELEMENT,TYPE=M3D9R\n",
+                 ":8: element type M3D9R has nodes in the middle of faces or cells, which"},
+             Row{"*ELEMENT,TYPE=C3D27\n", ":8: element type C3D27 has nodes in the middle of"},
              Row{"*ELEMENT\n1,1,2\n", ":8: *ELEMENT has no TYPE; add TYPE="},
              Row{"*ELEMENT,TYPE=S4\n7,1,2,3\n8,1,2,3,4\n",
                  ":9: element 7 has 3 nodes, and type S4 has 4; "},

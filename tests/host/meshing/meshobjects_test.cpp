@@ -2,7 +2,7 @@
 
 #include "host/kernel/typeregistry.h"
 #include "host/meshing/fementities.h"
-#include "host/meshing/meshpart.h"
+#include "host/meshing/meshedpart.h"
 
 #include <gmock/gmock.h>
 
@@ -146,7 +146,11 @@ TEST_F(MeshObjects, KnowEachOtherAndAreKnown)
     EXPECT_EQ(typeNameOf(reference), "Simulation.PartInstance");
     EXPECT_EQ(reference.service, KFRIService(instances[0]));
 
-    EXPECT_EQ(m_manager->entities().size(), 6U);  // part, body, three meshes, instance
+    // Part, mesh part, body, three meshes with a sub-mesh each, instance.
+    EXPECT_EQ(m_manager->entities().size(), 10U);
+    for (auto const& entity : m_manager->entities()) {
+        EXPECT_EQ(m_manager->getEntity(entity->getEntityReference()), entity);
+    }
     removeMesh(*m_part, *m_manager);
     EXPECT_TRUE(m_manager->entities().empty());
 }

@@ -1,6 +1,7 @@
 #include "host/model/model.h"
 
 #include "host/kernel/typeregistry.h"
+#include "host/meshing/remesh.h"
 #include "host/model/geometryservice.h"
 #include "host/model/testentities.h"
 
@@ -63,6 +64,8 @@ geometry::GeometryModel rig()
 /// Holds its part, as the part holds it.
 class Mesh final : public ModelObjectOf<CAE::IMeshBodyInterface> {
 public:
+    using Ids = KFRSequence<unsigned long long>;
+
     explicit Mesh(KFRIService const& part) : ModelObjectOf("mesh", part, 1, 1, nullptr) {}
     KFRResult getMeshes(unsigned int, CAE::IMeshSequence&) override { return {}; }
     KFRResult getElement(unsigned long long, KFRSmartPointer<CAE::IElementInterface>&,
@@ -70,6 +73,12 @@ public:
     {
         return {};
     }
+    KFRResult getMeshList(CAE::IMeshSequence&) override { return {}; }
+    KFRResult getElementIds(Ids&) override { return {}; }
+    KFRResult getNodeIds(Ids&) override { return {}; }
+    KFRResult getElementId(int, unsigned long long&) override { return {}; }
+    KFRResult getNodeId(int, unsigned long long&) override { return {}; }
+    KFRResult getGeomBody(KFRSmartPointer<CAE::IGeomBodyInterface>&) override { return {}; }
 };
 
 class ModelTest : public test::EntityTest {
@@ -182,6 +191,11 @@ TEST_F(ModelTest, InstancesStandInTreeOrderNestedAndAreNeitherPartsNorMeshes)
     }
     auto const assembly = KFR::strict_cast<KFR::EOM::IEOMInstanceInterface>(
         m_model->byPersistentName("rig.v2/Instance/rig"));
+    auto const rig = KFR::strict_cast<KFR::EOM::IEOMAssemblyInterface>(assembly);
+    KFRSmartPointer<KFR::EOM::IEOMObjectInterface> child;
+    EXPECT_THAT(rig->getChild("bolt", child), IsOk());
+    EXPECT_EQ(child, m_model->instances().at(0)) << "the first of its name";
+    EXPECT_FALSE(rig->getChild("x", child).isOk()) << "stands one deeper";
     EXPECT_FALSE(assembly->getPart(part).isOk());
     EXPECT_EQ(part, KFRIService(m_model->parts()[0])) << "left as it was";
 }
@@ -230,6 +244,85 @@ TEST_F(ModelTest, GeometryIsMadeOnceAndKnowsBodyPartAndDisplay)
     EXPECT_FALSE(service->getReferenceByName("rig.v2/Part/a%2Fb", shown).isOk());
     m_model.reset();
     EXPECT_FALSE(service->getReferenceByName(nameOf(face), shown).isOk());
+}
+
+TEST_F(ModelTest, PartsLeadToTheirMeshAndMeshesToTheirGeometry)
+{
+    auto const& part = m_model->parts()[0];
+    unsigned long long id = 0;
+    EXPECT_THAT(m_model->root()->getNextAvaialbleNodeID(id), IsOk());
+    EXPECT_EQ(id, 1U) << "no meshes";
+    CAE::IPersistentObjectSequence bodies;
+    EXPECT_THAT(part->getBodies(bodies), IsOk());
+    EXPECT_THAT(bodies, ElementsAre(m_model->object(1), m_model->object(2)));
+
+    // A triangle on face 4 of body 1, and a body without geometry, of a point that is an element.
+    meshing::MeshStore::Content content;
+    content.m_name = "mesh";
+    content.m_nodes = meshing::Numbering({7, 9, 8});
+    content.m_positions = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+    content.m_elements = meshing::Numbering({5, 6});
+    content.m_connectivity = {1, 2, 3, 3};
+    content.m_typeNames = {"S3", "MASS"};
+    content.m_rows = {{0, 0, meshing::ElementType::triangle3, 0},
+                      {3, 1, meshing::ElementType::point1, 1}};
+    content.m_bodies = {{"solid", 1}, {"pure", 0}};
+    content.m_groups = {{0, 2, 4, "surface 4"}, {1, 0, 0, ""}};
+    content.m_entities = {{4, {1, 2, 3}, {}}, {7, {1, 2}, {}}};
+    ASSERT_TRUE(meshing::installMesh(part,
+                                     std::make_shared<meshing::MeshStore const>(std::move(content)),
+                                     meshing::MeshTypes(*m_types), m_service));
+    EXPECT_THAT(m_model->root()->getNextAvaialbleNodeID(id), IsOk());
+    EXPECT_EQ(id, 10U);
+    EXPECT_THAT(part->getBodies(bodies), IsOk());
+    ASSERT_EQ(bodies.size(), 3U) << "the mesh of body 1 is no body besides";
+    EXPECT_EQ(nameOf(bodies.at(2)), "rig.v2/Part/a%2Fb/MeshBody/pure");
+
+    auto const body = KFR::strict_cast<CAE::IGeomBodyInterface>(m_model->object(1));
+    CAE::IMeshBodySequence meshBodies;
+    EXPECT_THAT(body->getMeshBodies(meshBodies), IsOk());
+    ASSERT_EQ(meshBodies.size(), 1U);
+    KFRSmartPointer<CAE::IGeomBodyInterface> below;
+    EXPECT_THAT(meshBodies.at(0)->getGeomBody(below), IsOk());
+    EXPECT_EQ(below, body);
+    struct Row {
+        unsigned m_number;
+        std::size_t m_meshes;
+        bool m_isMeshed;
+    };
+    for (auto const& [number, count, isMeshed] :
+         {Row{1, 1, true}, Row{2, 0, false}, Row{4, 1, true}, Row{6, 0, false}, Row{7, 0, true}}) {
+        CAE::IMeshSequence meshes;
+        bool meshed = !isMeshed;
+        int own = 0;
+        EXPECT_THAT(m_model->object(number)->getMeshes(meshes), IsOk());
+        EXPECT_THAT(m_model->object(number)->isMeshed(meshed), IsOk());
+        EXPECT_THAT(m_model->object(number)->getNumber(own), IsOk());
+        EXPECT_EQ(meshes.size(), count) << number;
+        EXPECT_EQ(meshed, isMeshed) << number;
+        EXPECT_EQ(own, static_cast<int>(number));
+    }
+
+    KFRSmartPointer<KFR::EOM::IEOMObjectInterface> child;
+    KFRSmartPointer<KFR::EOM::IEOMObjectInterface> resolved;
+    EXPECT_THAT(part->getChild("MeshPart", child), IsOk());
+    CAE::EntityReference reference =
+        KFR::strict_cast<appfw::IEntityInterface>(child)->getEntityReference();
+    EXPECT_EQ(reference.service, KFRIService(part));
+    reference.service = m_model->instances()[0];
+    EXPECT_THAT(m_model->root()->resolveEntity(reference, resolved), IsOk());
+    EXPECT_EQ(resolved, child);
+    EXPECT_EQ(m_model->byPersistentName(nameOf(meshBodies.at(0))), meshBodies.at(0));
+    EXPECT_FALSE(m_model->remove(KFR::strict_cast<appfw::IEntityInterface>(child)).isOk());
+    EXPECT_THAT(m_model->remove(found(1)), IsOk());
+    EXPECT_TRUE(isDeleted(meshBodies.at(0)));
+    EXPECT_THAT(m_model->remove(part), IsOk());
+    EXPECT_FALSE(m_model->root()->resolveEntity(reference, resolved).isOk());
+    EXPECT_TRUE(isDeleted(child));
+    auto const root = m_model->root();
+    m_model.reset();
+    EXPECT_FALSE(root->getNextAvaialbleNodeID(id).isOk());
+    EXPECT_EQ(id, 10U) << "left as it was";
 }
 
 TEST_F(ModelTest, RemovalTakesWhatBelongsToItAndTellsOfNodesInOneBatch)

@@ -55,4 +55,30 @@ KFRSmartPointer<CAE::IInstanceInterface> PluginHelper::getPartInstancebyPart(
     return instances[0];
 }
 
+KFRSmartPointer<KFR::EOM::IEOMObjectInterface> PluginHelper::pfwObject2EOMObject(
+    PersistentObject const& object)
+{
+    auto const factory =
+        KFR::loose_cast<KFR::EOM::IEOMObjectFactoryInterface>(ServiceHelper::getEOMObjectFactory());
+    KFRSmartPointer<KFR::EOM::IEOMObjectInterface> found;
+    if (factory != NULLSP && object != NULLSP) {
+        static_cast<void>(factory->getEOMObject(object, found));
+    }
+    return found;
+}
+
+PersistentObject PluginHelper::getPFWObject(CAE::EntityReference const& reference)
+{
+    auto const manager = ServiceHelper::getRootManager();
+    auto const entity = manager != NULLSP ? manager->getEntity(reference)
+                                          : KFRSmartPointer<appfw::IEntityInterface>();
+    PersistentObject object;
+    if (auto const support = KFR::loose_cast<appfw::IPFWSupportInterface>(entity);
+        support != NULLSP) {
+        static_cast<void>(support->getPFWObject(object));
+    }
+    // Many an entity is the persistent object itself.
+    return object != NULLSP ? object : KFR::loose_cast<CAE::IPersistentObjectInterface>(entity);
+}
+
 }  // namespace vrn::orlo::plugin::modeling

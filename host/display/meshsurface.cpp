@@ -1,11 +1,11 @@
 #include "host/display/meshsurface.h"
 
 #include "host/meshing/elementfaces.h"
+#include "host/meshing/meshtables.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <tuple>
 
 namespace vrn::orlo::host::display {
 
@@ -64,23 +64,6 @@ double depthOnTriangle(Ray const& ray, Vector const& a, Vector const& b, Vector 
     return isMet ? depth : kNever;
 }
 
-/// The corners of a face in a fixed order, to find who else has it.
-struct FaceKey {
-    std::array<LocalNumber, 4> m_corners{};
-    ElementFace m_face;
-};
-
-template <typename Visit>
-void visitFaces(MeshStore const& store, Visit const& visit)
-{
-    for (LocalNumber element = 1; element <= store.elements().size(); ++element) {
-        auto const count = meshing::traitsOf(store.typeOf(element)).m_faceCount;
-        for (std::uint8_t face = 0; face < count; ++face) {
-            visit(ElementFace{element, face});
-        }
-    }
-}
-
 template <typename Visit>
 void visitNodes(MeshStore const& store, ElementFace const& face, Visit const& visit)
 {
@@ -96,41 +79,14 @@ bool isSolid(MeshStore const& store, LocalNumber element)
     return meshing::traitsOf(store.typeOf(element)).m_dimension == 3;
 }
 
-FaceKey keyOf(MeshStore const& store, ElementFace const& face)
+/// The skins of solids, and all surface elements.
+std::vector<ElementFace> facesToSee(MeshStore const& store)
 {
-    auto const nodes = store.nodesOf(face.m_element);
-    auto const& row = meshing::facesOf(store.typeOf(face.m_element))[face.m_face];
-    FaceKey key{{}, face};
-    for (std::size_t i = 0; i < meshing::traitsOf(row.m_type).m_cornerCount; ++i) {
-        key.m_corners[i] = nodes[row.m_places[i]];
-    }
-    std::sort(key.m_corners.begin(), key.m_corners.end());
-    return key;
-}
-
-std::vector<ElementFace> freeFaces(MeshStore const& store)
-{
-    std::vector<ElementFace> faces;
-    std::vector<FaceKey> keys;
-    visitFaces(store, [&](ElementFace const& face) {
-        if (isSolid(store, face.m_element)) {
-            keys.push_back(keyOf(store, face));
-        } else {
-            faces.push_back(face);
+    std::vector<ElementFace> faces = meshing::skinsOf(store).m_items;
+    for (LocalNumber element = 1; element <= store.elements().size(); ++element) {
+        if (meshing::traitsOf(store.typeOf(element)).m_dimension == 2) {
+            faces.push_back({element, 0});
         }
-    });
-    std::sort(keys.begin(), keys.end(), [](FaceKey const& a, FaceKey const& b) {
-        return std::tie(a.m_corners, a.m_face) < std::tie(b.m_corners, b.m_face);
-    });
-    for (std::size_t i = 0; i < keys.size();) {
-        std::size_t end = i + 1;
-        while (end < keys.size() && keys[end].m_corners == keys[i].m_corners) {
-            ++end;
-        }
-        if (end == i + 1) {
-            faces.push_back(keys[i].m_face);
-        }
-        i = end;
     }
     return faces;
 }
@@ -173,7 +129,7 @@ std::vector<Box> boxesOf(MeshStore const& store, std::vector<ElementFace> const&
 
 MeshSurface::MeshSurface(MeshStore const& store)
     : m_store(store),
-      m_faces(freeFaces(store)),
+      m_faces(facesToSee(store)),
       m_nodes(nodesToSee(store, m_faces)),
       m_tree(boxesOf(store, m_faces))
 {

@@ -14,7 +14,7 @@ namespace vrn::orlo::host::display {
 /// The free surface of a part's mesh, ready for lines of sight.
 ///
 /// Units      Of the store, in coordinates of the part.
-/// Shape      The faces that only one of the solid elements has, and the surface elements. A face
+/// Shape      The skins of the solid meshes, body by body, and the surface elements. A face
 ///            with nodes in the middle of its sides is flat triangles through all of its nodes.
 /// Ownership  Refers to the store, which must stay where it is.
 /// Threads    Const operations may run on several threads.

@@ -133,6 +133,10 @@ public:
         MeshedPartResult result;
         for (std::size_t i = 0; i < m_bodies.size(); ++i) {
             MeshBodyRow const& body = m_bodies[i];
+            if (dimensionOf(m_topology, body.m_entity) == 0) {
+                m_assembly.addEmpty(body);
+                continue;
+            }
             try {
                 BodyMesh mesh = meshed(i);
                 std::size_t const straightened = straightenInverted(mesh);
@@ -154,9 +158,6 @@ private:
         unsigned const number = m_bodies[index].m_entity;
         std::uint8_t const own = dimensionOf(m_topology, number);
         auto const dimension = std::min(own, static_cast<std::uint8_t>(m_options.m_dimension));
-        if (dimension == 0) {
-            throw MesherError("a point has nothing to mesh");
-        }
         auto const reportStage = [&](double fraction, char const* step) {
             report(index, fraction, m_bodies[index].m_name + ": " + step);
         };

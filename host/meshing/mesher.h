@@ -52,7 +52,7 @@ using MeshProgress = std::function<void(double fraction, std::string const& step
 /// Meshes the bodies of a part, each by itself: bodies in contact share no nodes, and their meshes
 /// do not match there.
 ///
-/// Solids get tetrahedra, sheets get triangles, wires get lines. Bodies made of triangles keep
+/// Solids get tetrahedra, sheets get triangles, wires get lines, points nothing. Bodies made of triangles keep
 /// these as their surface mesh, whatever the size; closed ones are filled.
 ///
 /// Units      mm, in coordinates of the part.

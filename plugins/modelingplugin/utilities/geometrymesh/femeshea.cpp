@@ -107,9 +107,14 @@ bool FEMeshEA::getNodalChain(Ids& nodeIds, Ids& elementIds, bool& closed) const
         return false;
     }
     closed = chain.m_isClosed;
-    return idsOf(*chain.m_body, chain.m_nodes, &CAE::IMeshBodyInterface::getNodeId, nodeIds) &&
-           idsOf(*chain.m_body, chain.m_elements, &CAE::IMeshBodyInterface::getElementId,
-                 elementIds);
+    Ids nodes;
+    if (!idsOf(*chain.m_body, chain.m_nodes, &CAE::IMeshBodyInterface::getNodeId, nodes) ||
+        !idsOf(*chain.m_body, chain.m_elements, &CAE::IMeshBodyInterface::getElementId,
+               elementIds)) {
+        return false;
+    }
+    nodeIds = nodes;
+    return true;
 }
 
 }  // namespace vrn::orlo::plugin::modeling

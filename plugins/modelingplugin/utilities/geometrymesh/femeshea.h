@@ -28,8 +28,9 @@ public:
     [[nodiscard]] bool isOrphan() const;
     [[nodiscard]] bool isVisible() const;
 
-    /// External ids of the nodes along a line mesh.
-    /// \param closed  whether the line closes on itself; false where there is no such line
+    /// External ids of the nodes along a line mesh. False, with the ids as they were, where there
+    /// is no such line or one of its nodes has no id.
+    /// \param closed  whether the line closes on itself; false where there is none
     bool getOrderedNodeIds(KFRSequence<unsigned long long>& ids, bool& closed) const;
     /// The same, with the ids of the elements along it.
     bool getNodalChain(KFRSequence<unsigned long long>& nodeIds,

@@ -59,9 +59,15 @@ int numberOf(Object const& object)
     return number;
 }
 
-std::vector<GeomTopo> toposOf(KFRSequence<int> const& numbers)
+/// Children or parents of a class.
+std::vector<GeomTopo> related(int number, int entityClass,
+                              KFRResult (gsc::GSCIQueryTool::*ask)(int, int, KFRSequence<int>&))
 {
-    return {numbers.begin(), numbers.end()};
+    KFRSequence<int> numbers;
+    if (auto const tool = geometryaccess::queryTool(); tool != NULLSP) {
+        static_cast<void>(((*tool).*ask)(number, entityClass, numbers));
+    }
+    return {std::as_const(numbers).begin(), std::as_const(numbers).end()};
 }
 
 /// Least members of sets that grow together.
@@ -211,20 +217,12 @@ bool GeomTopo::isStraingtLine() const
 
 std::vector<GeomTopo> GeomTopo::children(int entityClass) const
 {
-    KFRSequence<int> numbers;
-    if (auto const tool = geometryaccess::queryTool(); tool != NULLSP) {
-        static_cast<void>(tool->getChildren(m_vtkId, entityClass, numbers));
-    }
-    return toposOf(numbers);
+    return related(m_vtkId, entityClass, &gsc::GSCIQueryTool::getChildren);
 }
 
 std::vector<GeomTopo> GeomTopo::parents(int entityClass) const
 {
-    KFRSequence<int> numbers;
-    if (auto const tool = geometryaccess::queryTool(); tool != NULLSP) {
-        static_cast<void>(tool->getParents(m_vtkId, entityClass, numbers));
-    }
-    return toposOf(numbers);
+    return related(m_vtkId, entityClass, &gsc::GSCIQueryTool::getParents);
 }
 
 std::vector<GeomTopo> GeomTopo::getChildRegions() const

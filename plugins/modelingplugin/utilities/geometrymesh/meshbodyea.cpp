@@ -74,7 +74,9 @@ unsigned int MeshBodyEA::getDimensionalities(MeshBody const& meshBody)
     unsigned int mask = 0;
     CAE::IMeshSequence const meshes = meshesOf(meshBody);
     for (Mesh const& mesh : meshes) {
-        if (unsigned char dimension = 0; mesh != NULLSP && mesh->getDimension(dimension).isOk()) {
+        constexpr unsigned char kHighest = 3;
+        if (unsigned char dimension = 0;
+            mesh != NULLSP && mesh->getDimension(dimension).isOk() && dimension <= kHighest) {
             mask |= 1U << dimension;
         }
     }

@@ -13,8 +13,8 @@ namespace vrn::orlo::plugin::modeling {
 /// Units      Pixels on the screen, the model's length unit otherwise.
 /// Failure    None. Without a display drags are measured from the origin along the X axis. A drag
 ///            at the centre itself has no axis to turn about: targetDirection() is not a number
-///            then, while dragTo() gives the near pole. A radius of 0 counts as a drag of the
-///            greatest angle.
+///            then, while dragTo() gives the near pole. With a radius of 0 a drag has the greatest
+///            angle, and at the centre none that is a number.
 /// Threads    Main thread.
 class MODELING_API RotationHelper {
 public:

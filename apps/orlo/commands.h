@@ -31,7 +31,7 @@ struct EditOptions {
     bool m_undo = false;                 ///< Take the last change back at the end.
 };
 
-/// What is in a geometry file. \return an ExitStatus
+/// What is in a geometry or mesh file. \return an ExitStatus
 [[nodiscard]] int inspect(InspectOptions const& options, SessionOptions const& session);
 
 /// Takes a study through. \return an ExitStatus

@@ -9,6 +9,8 @@
 
 namespace vrn::orlo::app {
 
+struct MeshSummary;
+
 /// How much a text report tells.
 enum class ReportDepth {
     tree,      ///< File, sizes, the assembly tree.
@@ -23,6 +25,9 @@ enum class ReportDepth {
 
 /// The same as a JSON document, every entity included, ending in a line end. Type ids are left out:
 /// they hold for one run only.
-[[nodiscard]] std::string jsonReport(host::model::Model const& model);
+///
+/// \param mesh  null for a model without one
+[[nodiscard]] std::string jsonReport(host::model::Model const& model,
+                                     MeshSummary const* mesh = nullptr);
 
 }  // namespace vrn::orlo::app

@@ -1,5 +1,6 @@
 #include "apps/orlo/answers.h"
 #include "apps/orlo/geometryreport.h"
+#include "apps/orlo/meshrun.h"
 
 #include <nlohmann/json.hpp>
 
@@ -73,9 +74,31 @@ Json toJson(Model const& model, std::size_t index)
             {"entities", std::move(entities)}};
 }
 
+Json toJson(PartMeshRow const& row)
+{
+    Json json = {{"part", row.m_part},   {"instances", row.m_instances}, {"bodies", row.m_bodies},
+                 {"nodes", row.m_nodes}, {"elements", row.m_elements},   {"volume", row.m_volume},
+                 {"area", row.m_area},   {"length", row.m_length}};
+    if (row.m_straightened.has_value()) {
+        json["straightened"] = *row.m_straightened;
+    }
+    return json;
+}
+
+Json toJson(MeshSummary const& mesh)
+{
+    Json parts = Json::array();
+    for (PartMeshRow const& row : mesh.m_parts) {
+        parts.push_back(toJson(row));
+    }
+    Json total = toJson(mesh.m_total);
+    total.erase("part");
+    return {{"parts", std::move(parts)}, {"total", std::move(total)}};
+}
+
 }  // namespace
 
-std::string jsonReport(Model const& model)
+std::string jsonReport(Model const& model, MeshSummary const* mesh)
 {
     GeometryModel const& geometry = model.geometry();
     Json tree = Json::array();
@@ -86,7 +109,7 @@ std::string jsonReport(Model const& model)
     for (std::size_t part = 0; part < geometry.m_parts.size(); ++part) {
         parts.push_back(toJson(model, part));
     }
-    Json const document = {
+    Json document = {
         {"file", geometry.m_sourceFile},
         {"lengthUnit",
          {{"name", geometry.m_unit.m_name}, {"millimetres", geometry.m_unit.m_millimetres}}},
@@ -97,6 +120,9 @@ std::string jsonReport(Model const& model)
         {"warnings", geometry.m_warnings},
         {"tree", std::move(tree)},
         {"parts", std::move(parts)}};
+    if (mesh != nullptr) {
+        document["mesh"] = toJson(*mesh);
+    }
     // Names that are no UTF-8 after all must not cost the user the report.
     return document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }

@@ -1,14 +1,19 @@
 #include "apps/orlo/commands.h"
 #include "apps/orlo/console.h"
 #include "apps/orlo/csvtable.h"
+#include "apps/orlo/meshcommand.h"
 #include "apps/orlo/pickcommand.h"
+#include "apps/orlo/querycommand.h"
 #include "apps/orlo/session.h"
 #include "apps/orlo/spectrumcommand.h"
 #include "apps/orlo/unitscommand.h"
 #include "apps/orlo/usageerror.h"
+#include "apps/orlo/verboptions.h"
 #include "host/geometry/geometryimport.h"
 #include "host/kernel/componentloader.h"
 #include "host/meshing/meshfileerror.h"
+#include "host/modelfile/modelfileerror.h"
+#include "host/modelspace/modelwriter.h"
 #include "host/study/atomicfile.h"
 #include "host/study/study.h"
 #include "platform/kfr/kfrexception.h"
@@ -23,33 +28,31 @@ namespace {
 
 using namespace vrn::orlo;  // NOLINT: main's own file
 
+template <class... Errors>
+bool isAnyOf(std::exception const& error)
+{
+    return (... || (dynamic_cast<Errors const*>(&error) != nullptr));
+}
+
+bool isInputError(std::exception const& error)
+{
+    return isAnyOf<host::geometry::ImportError, host::meshing::MeshFileError,
+                   host::modelfile::ModelFileError, host::study::StudyError,
+                   host::study::WriteError, app::CsvError, app::UsageError>(error);
+}
+
 /// Runs a verb and turns what it throws into one line and an exit status.
 template <class Verb>
 int guarded(Verb const& verb)
 {
     try {
         return verb();
-    } catch (host::geometry::ImportError const& error) {
+    } catch (host::modelspace::ModelWriteError const& error) {
         app::reportError(error.what());
-        return app::kBadInput;
-    } catch (host::meshing::MeshFileError const& error) {
-        app::reportError(error.what());
-        return app::kBadInput;
-    } catch (host::study::StudyError const& error) {
-        app::reportError(error.what());
-        return app::kBadInput;
-    } catch (app::CsvError const& error) {
-        app::reportError(error.what());
-        return app::kBadInput;
-    } catch (app::UsageError const& error) {
-        app::reportError(error.what());
-        return app::kBadInput;
-    } catch (host::study::WriteError const& error) {
-        app::reportError(error.what());
-        return app::kBadInput;
+        return app::kModelRefused;
     } catch (std::exception const& error) {
         app::reportError(error.what());
-        return app::kToolFailed;
+        return isInputError(error) ? app::kBadInput : app::kToolFailed;
     }
 }
 
@@ -77,8 +80,12 @@ int main(int argc, char** argv)
                     "Answer to a message box, by its button's text or number; in their order");
 
     app::InspectOptions inspectOptions;
-    CLI::App* const inspect = orlo.add_subcommand("inspect", "Tell what is in a geometry file");
-    inspect->add_option("FILE", inspectOptions.m_file, "STEP assembly or STL surface")->required();
+    CLI::App* const inspect =
+        orlo.add_subcommand("inspect", "Tell what is in a geometry or mesh file");
+    inspect
+        ->add_option("FILE", inspectOptions.m_file,
+                     "STEP, STL, .orlo, or a mesh: .inp, .msh, .bdf, .nas")
+        ->required();
     CLI::Option* const tree =
         inspect->add_flag("--tree", inspectOptions.m_treeOnly, "Only the assembly tree");
     inspect->add_flag("--json", inspectOptions.m_json, "The whole report as JSON")->excludes(tree);
@@ -100,36 +107,16 @@ int main(int argc, char** argv)
 
     app::PickOptions pickOptions;
     CLI::App* const pick = orlo.add_subcommand("pick", "Pick as a user would, and sort the picks");
-    pick->add_option("FILE", pickOptions.m_file, "STEP assembly, STL surface or Abaqus mesh")
-        ->required();
-    pick->add_option("--filter", pickOptions.m_filters, "What may be picked: Face,Edge,...")
-        ->required()
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_flag("--all", pickOptions.m_all, "Everything that the filter allows");
-    pick->add_option("--at", pickOptions.m_at, "The nearest to x,y,z")
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_option("--within", pickOptions.m_within, "How far that may be, in mm");
-    pick->add_option("--box", pickOptions.m_box, "What lies in the box of two corners x,y,z,x,y,z")
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_flag("--touching", pickOptions.m_touching, "Also what the box only touches");
-    pick->add_option("--normal", pickOptions.m_normal, "Faces that look to x,y,z")
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_option("--angle", pickOptions.m_angle, "How far off they may look, in degrees");
-    pick->add_option("--area", pickOptions.m_area, "Faces from the least to the greatest area, mm2")
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_option("--name", pickOptions.m_name, "Of a part or instance; of a set in a mesh");
-    pick->add_option("--id", pickOptions.m_ids, "Numbers of entities; ids of elements")
-        ->delimiter(',')
-        ->allow_extra_args(false);
-    pick->add_option("--grow", pickOptions.m_grow,
-                     "Go on over neighbouring faces up to this angle, in degrees");
-    pick->add_option("--limit", pickOptions.m_limit, "Lines per kind of pick (default: 20)");
-    pick->add_flag("--single", pickOptions.m_single, "Allow one pick only");
+    app::addOptions(*pick, pickOptions);
+
+    app::MeshVerbOptions meshOptions;
+    CLI::App* const mesh = orlo.add_subcommand("mesh", "Mesh the parts of a model");
+    app::addOptions(*mesh, meshOptions);
+
+    app::QueryOptions queryOptions;
+    CLI::App* const query = orlo.add_subcommand(
+        "query", "Tell what the library says of an entity, an element or a node");
+    app::addOptions(*query, queryOptions);
 
     app::SpectrumOptions spectrumOptions;
     CLI::App* const spectrum = orlo.add_subcommand("spectrum", "Transform a time signal, or back");
@@ -167,6 +154,12 @@ int main(int argc, char** argv)
     }
     if (pick->parsed()) {
         return guarded([&] { return app::pick(pickOptions, session); });
+    }
+    if (mesh->parsed()) {
+        return guarded([&] { return app::mesh(meshOptions, session); });
+    }
+    if (query->parsed()) {
+        return guarded([&] { return app::query(queryOptions, session); });
     }
     if (spectrum->parsed()) {
         return guarded([&] { return app::spectrum(spectrumOptions); });

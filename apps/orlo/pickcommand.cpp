@@ -6,7 +6,6 @@
 #include "apps/orlo/session.h"
 #include "apps/orlo/usageerror.h"
 #include "plugins/modelingplugin/utilities/identity/entconvert.h"
-#include "plugins/modelingplugin/utilities/selection/selectfilter.h"
 #include "plugins/modelingplugin/utilities/selection/selectionbuffer.h"
 #include "plugins/modelingplugin/utilities/selection/selectiondivider.h"
 
@@ -19,11 +18,8 @@ namespace vrn::orlo::app {
 namespace {
 
 using plugin::modeling::EntConvert;
-using plugin::modeling::SelectFilter;
 using plugin::modeling::SelectionBuffer;
 using plugin::modeling::SelectionDivider;
-
-constexpr char const* kStage = "orlo.pick";
 
 void checkCount(std::vector<double> const& values, std::size_t count, char const* option,
                 char const* form)
@@ -39,27 +35,25 @@ void check(PickOptions const& options)
     checkCount(options.m_box, 6, "--box", "x,y,z,x,y,z of two corners");
     checkCount(options.m_normal, 3, "--normal", "x,y,z");
     checkCount(options.m_area, 2, "--area", "the least and the greatest area in mm2");
-    bool const hasCriterion = options.m_all || !options.m_at.empty() || !options.m_box.empty() ||
-                              !options.m_normal.empty() || !options.m_area.empty() ||
-                              !options.m_name.empty() || !options.m_ids.empty();
+    check(options.m_pixel);
+    bool const hasCriterion = isGiven(options.m_pixel) || options.m_all || !options.m_at.empty() ||
+                              !options.m_box.empty() || !options.m_normal.empty() ||
+                              !options.m_area.empty() || !options.m_name.empty() ||
+                              !options.m_ids.empty();
     if (!hasCriterion) {
         throw UsageError(
-            "nothing says what to pick: give --all, --at, --box, --normal, --area, "
-            "--name or --id");
+            "nothing says what to pick: give --all, --at, --box, --at-pixel, --normal, "
+            "--area, --name or --id");
     }
 }
 
-/// Opens the stage as a tool would. \return the names, for the report
-std::string openStage(PickOptions const& options)
+std::string listOf(std::vector<std::string> const& names)
 {
-    std::string names;
-    KFRSequence<unsigned int> types;
-    for (std::string const& filter : options.m_filters) {
-        types.append(static_cast<unsigned int>(filterOf(filter)));
-        names.append(names.empty() ? "" : ", ").append(filter);
+    std::string list;
+    for (std::string const& name : names) {
+        list.append(list.empty() ? "" : ", ").append(name);
     }
-    SelectFilter::instance()->initStageFilter(types, !options.m_single, kStage);
-    return names;
+    return list;
 }
 
 using Bucket = CAE::EntityReferenceSequence const& (SelectionDivider::*)() const;
@@ -108,13 +102,13 @@ int pick(PickOptions const& options, SessionOptions const& sessionOptions)
     }
     Session session(sessionOptions);
     std::unique_ptr<PickSource> const source = openPickSource(session, options.m_file);
-    std::string const names = openStage(options);
+    PickStage const stage(options.m_filters, !options.m_single);
 
     auto& selection = session.application().selection();
     CAE::EntityReferenceSequence const hits = source->hits(options, selection.pickFilters());
     selection.pick(hits, ddm::SelectionChangeMode::replace);
-    CAE::EntityReferenceSequence const picked = selection.selectionOf(kStage);
-    std::printf("stage %s: %s\n", kStage, names.c_str());
+    CAE::EntityReferenceSequence const picked = selection.selectionOf(PickStage::kName);
+    std::printf("stage %s: %s\n", PickStage::kName, listOf(options.m_filters).c_str());
     std::printf("hit %zu, picked %zu\n", hits.size(), picked.size());
     int status = kDone;
     if (picked.empty()) {
@@ -124,12 +118,11 @@ int pick(PickOptions const& options, SessionOptions const& sessionOptions)
         std::printf("made up %zu references\n", source->madeUp(picked).size());
         // Kept under the stage's name, as a tool keeps it for its next step.
         SelectionBuffer& buffer = *SelectionBuffer::instance();
-        buffer.setSelectionList(kStage, EntConvert().toOrderEntRefList(picked));
-        SelectionDivider const divider(buffer.getSelectionList(kStage));
-        buffer.popSelectionList(kStage);
+        buffer.setSelectionList(PickStage::kName, EntConvert().toOrderEntRefList(picked));
+        SelectionDivider const divider(buffer.getSelectionList(PickStage::kName));
+        buffer.popSelectionList(PickStage::kName);
         printBuckets(divider, picked.size(), options.m_limit, *source);
     }
-    SelectFilter::instance()->clearFilters();
     return status;
 }
 

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "apps/orlo/pixelview.h"
+
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -17,11 +19,12 @@ struct SessionOptions;
 ///
 /// Units      mm, mm2 and degrees, in model coordinates; of a mesh file, its own units.
 struct PickOptions {
-    std::filesystem::path m_file;        ///< STEP, STL or Abaqus mesh.
+    std::filesystem::path m_file;        ///< Geometry, a model file or a mesh.
     std::vector<std::string> m_filters;  ///< Names of kinds: "Face", "Edge", "2DElement".
     bool m_all = false;
     std::vector<double> m_at;  ///< x, y, z: the nearest, within m_within.
     double m_within = 1.0;
+    PixelOptions m_pixel;          ///< What shows there in front.
     std::vector<double> m_box;     ///< x, y, z of one corner and of the other.
     bool m_touching = false;       ///< Takes also what the box only touches.
     std::vector<double> m_normal;  ///< x, y, z: faces that look there, within m_angle.

@@ -1,10 +1,13 @@
 #include "apps/orlo/pickfilters.h"
 
 #include "apps/orlo/usageerror.h"
+#include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
+#include "plugins/modelingplugin/utilities/selection/selectfilter.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <iterator>
 #include <string_view>
 
 namespace vrn::orlo::app {
@@ -40,6 +43,21 @@ constexpr std::array kRows{
 };
 // clang-format on
 
+using host::geometry::EntityClass;
+
+constexpr std::array kClasses{
+    EntityClass::solidBody,  EntityClass::sheetBody,   EntityClass::wireBody,
+    EntityClass::pointBody,  EntityClass::generalBody, EntityClass::facetSolid,
+    EntityClass::facetSheet, EntityClass::facetWire,   EntityClass::facetGeneral,
+    EntityClass::volume,     EntityClass::face,        EntityClass::edge,
+    EntityClass::vertex};
+
+/// A reference that has nothing but its type: what a filter looks at.
+CAE::EntityReference typeReference(std::string_view typeName)
+{
+    return {{}, EntityTypeID(icu::UnicodeString::fromUTF8(std::string(typeName))).typeID(), 0, 0};
+}
+
 bool isSameWord(std::string_view left, std::string_view right)
 {
     auto const lower = [](unsigned char c) {
@@ -71,6 +89,29 @@ SelectFilterType filterOf(std::string const& name)
         known.append(known.empty() ? "" : ", ").append(candidate);
     }
     throw UsageError("--filter: \"" + name + "\" is no filter; the filters are " + known);
+}
+
+PickStage::PickStage(std::vector<std::string> const& filters, bool allowsMany)
+{
+    KFRSequence<unsigned int> types;
+    for (std::string const& filter : filters) {
+        types.append(static_cast<unsigned int>(filterOf(filter)));
+    }
+    SelectFilter::instance()->initStageFilter(types, allowsMany, kName);
+}
+
+PickStage::~PickStage()
+{
+    SelectFilter::instance()->clearFilters();
+}
+
+std::vector<EntityClass> pickableClasses(host::selection::PickFilterManager const& filter)
+{
+    std::vector<EntityClass> classes;
+    std::ranges::copy_if(kClasses, std::back_inserter(classes), [&](EntityClass entityClass) {
+        return filter.isPickable(typeReference(host::geometry::typeNameOf(entityClass)));
+    });
+    return classes;
 }
 
 }  // namespace vrn::orlo::app

@@ -1,10 +1,13 @@
 // Picks in a geometry file.
 
 #include "apps/orlo/loadmodel.h"
+#include "apps/orlo/pickfilters.h"
 #include "apps/orlo/picksource.h"
 #include "apps/orlo/usageerror.h"
 #include "apps/orlo/valuetext.h"
+#include "host/display/pixelpicker.h"
 #include "host/geometry/geometrypicker.h"
+#include "host/geometry/geometryqueries.h"
 #include "platform/kfr/numbertext.h"
 #include "plugins/modelingplugin/utilities/identity/entconvert.h"
 #include "plugins/modelingplugin/utilities/identity/entitytypeid.h"
@@ -33,13 +36,6 @@ using plugin::modeling::SelectionMakeup;
 
 using Numbers = std::vector<unsigned>;
 
-constexpr std::array kClasses{
-    EntityClass::solidBody,  EntityClass::sheetBody,   EntityClass::wireBody,
-    EntityClass::pointBody,  EntityClass::generalBody, EntityClass::facetSolid,
-    EntityClass::facetSheet, EntityClass::facetWire,   EntityClass::facetGeneral,
-    EntityClass::volume,     EntityClass::face,        EntityClass::edge,
-    EntityClass::vertex};
-
 std::array<double, 3> tripleOf(std::vector<double> const& values)
 {
     return {values[0], values[1], values[2]};
@@ -66,12 +62,7 @@ public:
     CAE::EntityReferenceSequence hits(PickOptions const& options,
                                       host::selection::PickFilterManager const& filter) override
     {
-        std::vector<EntityClass> classes;
-        for (EntityClass const entityClass : kClasses) {
-            if (filter.isPickable(typeReference(host::geometry::typeNameOf(entityClass)))) {
-                classes.push_back(entityClass);
-            }
-        }
+        std::vector<EntityClass> const classes = pickableClasses(filter);
         CAE::EntityReferenceSequence references;
         addPartHits(options, filter, references);
         if (!classes.empty()) {
@@ -135,13 +126,6 @@ private:
             default:
                 return " mm2";
         }
-    }
-
-    /// A reference that has nothing but its type: what a filter looks at.
-    static CAE::EntityReference typeReference(std::string_view typeName)
-    {
-        return {
-            {}, EntityTypeID(icu::UnicodeString::fromUTF8(std::string(typeName))).typeID(), 0, 0};
     }
 
     static std::string nameOf(CAE::EntityReference const& reference)
@@ -229,6 +213,9 @@ private:
             }
             restrict(std::move(nearest));
         }
+        if (isGiven(options.m_pixel)) {
+            restrict(inFrontAt(options.m_pixel, classes));
+        }
         Numbers numbers = found.value_or(Numbers());
         if (options.m_grow.has_value()) {
             Numbers const grown = m_picker.grow(numbers, *options.m_grow);
@@ -239,6 +226,18 @@ private:
             }
         }
         return numbers;
+    }
+
+    /// What a click hits: of all under the pixel the first.
+    [[nodiscard]] Numbers inFrontAt(PixelOptions const& pixel,
+                                    std::vector<EntityClass> const& classes) const
+    {
+        Box const& box = m_model->geometry().m_box;
+        host::display::Camera const camera = cameraOf(pixel, {box.m_min, box.m_max});
+        host::geometry::GeometryQueries const queries(m_model->geometry());
+        auto const hits = host::display::PixelPicker(m_model->geometry(), m_picker, queries)
+                              .at(camera, pixel.m_pixel[0], pixel.m_pixel[1], classes);
+        return hits.empty() ? Numbers() : Numbers{hits.front().m_number};
     }
 
     /// Bodies with all that they are made of.

@@ -1,6 +1,8 @@
 // Picks in a mesh file.
 
 #include "apps/orlo/console.h"
+#include "apps/orlo/meshreport.h"
+#include "apps/orlo/meshscene.h"
 #include "apps/orlo/picksource.h"
 #include "apps/orlo/usageerror.h"
 #include "apps/orlo/valuetext.h"
@@ -66,13 +68,16 @@ public:
         if (!options.m_normal.empty() || !options.m_area.empty() || options.m_grow.has_value()) {
             throw UsageError(
                 "--normal, --area and --grow: a mesh has no faces to ask; give --all, "
-                "--at, --box, --id or --name");
+                "--at, --at-pixel, --box, --id or --name");
         }
+        CAE::EntityReference const clicked =
+            isGiven(options.m_pixel) ? inFrontAt(options.m_pixel, filter) : CAE::EntityReference();
         CAE::EntityReferenceSequence references;
         for (auto const& part : m_mesh.m_parts) {
             for (LocalNumber const element : elementHits(*part, options)) {
                 CAE::EntityReference const reference = part->elementReference(element);
-                if (reference.typeId != 0 && filter.isPickable(reference)) {
+                bool const isMeant = !isGiven(options.m_pixel) || reference == clicked;
+                if (isMeant && reference.typeId != 0 && filter.isPickable(reference)) {
                     references.append(reference);
                 }
             }
@@ -108,6 +113,21 @@ public:
     }
 
 private:
+    /// What a click hits: of all elements under the pixel the first that the filter allows.
+    [[nodiscard]] CAE::EntityReference inFrontAt(
+        PixelOptions const& pixel, host::selection::PickFilterManager const& filter) const
+    {
+        constexpr std::array kElements{host::display::MeshClass::element};
+        for (MeshScene::Hit const& hit : MeshScene(m_mesh).at(pixel, kElements)) {
+            CAE::EntityReference const reference =
+                m_mesh.m_parts[hit.m_part]->elementReference(hit.m_hit.m_hit.m_number);
+            if (filter.isPickable(reference)) {
+                return reference;
+            }
+        }
+        return {};
+    }
+
     [[nodiscard]] MeshedPart* partOf(CAE::EntityReference const& reference) const
     {
         for (auto const& part : m_mesh.m_parts) {
@@ -199,10 +219,7 @@ std::unique_ptr<PickSource> openMeshPicks(Session& session, std::filesystem::pat
 
 std::unique_ptr<PickSource> openPickSource(Session& session, std::filesystem::path const& file)
 {
-    std::string ending = file.extension().string();
-    std::ranges::transform(ending, ending.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return ending == ".inp" ? openMeshPicks(session, file) : openGeometryPicks(session, file);
+    return isMeshFile(file) ? openMeshPicks(session, file) : openGeometryPicks(session, file);
 }
 
 }  // namespace vrn::orlo::app

@@ -2,6 +2,7 @@
 #include "apps/orlo/console.h"
 #include "apps/orlo/geometryreport.h"
 #include "apps/orlo/loadmodel.h"
+#include "apps/orlo/meshrun.h"
 #include "apps/orlo/session.h"
 #include "host/study/atomicfile.h"
 #include "host/study/study.h"
@@ -33,17 +34,27 @@ int run(RunOptions const& options, SessionOptions const& sessionOptions)
 
     Session session(sessionOptions);
     auto const held = loadModel(session, study.m_geometry);
-    host::model::Model const& model = *held;
+    host::model::Model& model = *held;
+    MeshSettings const settings = settingsOf(study);
+    MeshSummary mesh;
+    if (study.m_mesh.has_value()) {
+        mesh = meshWithProgress(session, model, settings);
+    }
+    MeshSummary const* const ownMesh = mesh.m_parts.empty() ? nullptr : &mesh;
 
     std::string const tree = textReport(model, ReportDepth::tree);
     std::string const json =
-        options.m_json || !study.m_outputs.m_json.empty() ? jsonReport(model) : "";
-    std::string const& printed = options.m_json ? json : tree;
+        options.m_json || !study.m_outputs.m_json.empty() ? jsonReport(model, ownMesh) : "";
+    std::string const table = ownMesh != nullptr ? "\n" + textOf(mesh) : "";
+    std::string const printed = options.m_json ? json : tree + table;
     std::fwrite(printed.data(), 1, printed.size(), stdout);
     std::fflush(stdout);
     writeOutput(folder, study.m_outputs.m_tree, tree);
     writeOutput(folder, study.m_outputs.m_json, json);
-    return kDone;
+    if (ownMesh != nullptr && !study.m_outputs.m_mesh.empty()) {
+        writeMesh(model, study.m_geometry, settings, folder / study.m_outputs.m_mesh);
+    }
+    return mesh.m_isWhole ? kDone : kModelRefused;
 }
 
 }  // namespace vrn::orlo::app

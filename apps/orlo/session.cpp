@@ -68,12 +68,9 @@ Session::Session(SessionOptions const& options)
       m_units(host::units::registerUnits(*m_kernel)),
       m_application(
           std::make_unique<host::application::Application>(*m_kernel, applicationOptions(options))),
-      m_geometryService(KFR::make<host::model::GeometryCommonService>()),
+      m_space(std::make_unique<host::modelspace::ModelSpace>(*m_kernel, *m_application)),
       m_plugin(std::make_unique<ModelingPlugin>(*m_kernel))
 {
-    static_cast<void>(m_kernel->services().addService(
-        host::kernel::serviceNameOf("getGeomCommonService"),
-        [service = m_geometryService] { return KFRIService(service); }));
     chooseLogs(options, m_application->settings());
     m_component = &m_kernel->loadComponent(kComponentLibrary);
     KFRResult result;

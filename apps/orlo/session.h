@@ -8,7 +8,7 @@
 #include "host/application/application.h"
 #include "host/kernel/componentloader.h"
 #include "host/kernel/kernel.h"
-#include "host/model/geometryservice.h"
+#include "host/modelspace/modelspace.h"
 #include "host/units/unitservices.h"
 
 #include <filesystem>
@@ -45,10 +45,8 @@ public:
     [[nodiscard]] host::kernel::Kernel& kernel() noexcept { return *m_kernel; }
     [[nodiscard]] host::units::UnitServices& units() noexcept { return *m_units; }
     [[nodiscard]] host::application::Application& application() noexcept { return *m_application; }
-    [[nodiscard]] host::model::GeometryCommonService& geometryService() noexcept
-    {
-        return *m_geometryService;
-    }
+    /// Where models are opened.
+    [[nodiscard]] host::modelspace::ModelSpace& space() noexcept { return *m_space; }
     [[nodiscard]] host::kernel::Component const& component() const noexcept { return *m_component; }
 
     /// Whether the component's service answered.
@@ -58,7 +56,7 @@ private:
     std::unique_ptr<host::kernel::Kernel> m_kernel;
     KFRSmartPointer<host::units::UnitServices> m_units;
     std::unique_ptr<host::application::Application> m_application;
-    KFRSmartPointer<host::model::GeometryCommonService> m_geometryService;
+    std::unique_ptr<host::modelspace::ModelSpace> m_space;
     std::unique_ptr<ModelingPlugin> m_plugin;
     host::kernel::Component const* m_component = nullptr;
     bool m_connected = false;

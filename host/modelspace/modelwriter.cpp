@@ -246,13 +246,17 @@ private:
         MeshStore const& mesh = *placed.m_store;
         auto const firstBody = static_cast<std::uint16_t>(m_content.m_bodies.size());
         auto const firstGroup = static_cast<std::uint16_t>(m_content.m_groups.size());
-        std::string const before = m_placed.size() > 1 ? placed.m_name + " " : std::string();
+        auto const nameOf = [&](std::string const& name) {
+            bool const isWhole = name.empty() || name == placed.m_name;
+            return m_placed.size() == 1 ? name
+                                        : placed.m_name + (isWhole ? std::string() : " " + name);
+        };
         for (meshing::MeshBodyRow const& body : mesh.bodies()) {
-            m_content.m_bodies.push_back({before + body.m_name, 0});
+            m_content.m_bodies.push_back({nameOf(body.m_name), 0});
         }
         for (meshing::MeshGroup group : mesh.groups()) {
             group.m_body = static_cast<std::uint16_t>(group.m_body + firstBody);
-            group.m_name = before + group.m_name;
+            group.m_name = nameOf(group.m_name);
             group.m_entity = 0;
             m_content.m_groups.push_back(std::move(group));
         }

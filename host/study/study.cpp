@@ -49,11 +49,24 @@ void readJsonOutput(KeyPlace const& place, DocumentNode const& value, StudyOutpu
     outputs.m_json = outputName(place, value);
 }
 
+void readMeshOutput(KeyPlace const& place, DocumentNode const& value, StudyOutputs& outputs)
+{
+    outputs.m_mesh = outputName(place, value);
+    constexpr std::array<std::string_view, 3> kEndings{".inp", ".msh", ".orlo"};
+    std::string const ending = outputs.m_mesh.extension().string();
+    if (std::find(kEndings.begin(), kEndings.end(), ending) == kEndings.end()) {
+        throw StudyError(place, inQuotes(outputs.m_mesh.string()) +
+                                    " has an ending that no mesh is written with; end it in .inp, "
+                                    ".msh or .orlo");
+    }
+}
+
 // clang-format off
 using OutputRow = KeyRow<StudyOutputs>;
 constexpr std::array kOutputKeys{
     OutputRow{{"tree", Need::optional, NodeKind::text, "tree: tree.txt"}, readTreeOutput},
     OutputRow{{"json", Need::optional, NodeKind::text, "json: model.json"}, readJsonOutput},
+    OutputRow{{"mesh", Need::optional, NodeKind::text, "mesh: model.inp"}, readMeshOutput},
 };
 // clang-format on
 
@@ -74,6 +87,11 @@ void refuseEqualOutputs(KeyPlace const& place, DocumentNode const& outputs)
     }
 }
 
+void readMesh(KeyPlace const& place, DocumentNode const& value, Study& study)
+{
+    study.m_mesh = readStudyMesh(place, value);
+}
+
 void readOutputs(KeyPlace const& place, DocumentNode const& value, Study& study)
 {
     readKeys(place, value, kOutputKeys, study.m_outputs);
@@ -86,6 +104,7 @@ constexpr std::array kStudyKeys{
     StudyRow{{"study", Need::optional, NodeKind::text, "study: bracket"}, readName},
     StudyRow{{"geometry", Need::required, NodeKind::text, "geometry: bracket.step"},
              readGeometry},
+    StudyRow{{"mesh", Need::optional, NodeKind::map, "mesh: {size: 5}"}, readMesh},
     StudyRow{{"outputs", Need::optional, NodeKind::map, "outputs: {tree: tree.txt}"},
              readOutputs},
 };
@@ -120,6 +139,11 @@ Study loadStudy(fs::path const& file)
     study.m_name = file.stem().string();
     collectPlaces(place, root, study.m_places);
     readKeys(place, root, kStudyKeys, study);
+    if (!study.m_outputs.m_mesh.empty() && !study.m_mesh.has_value()) {
+        throw StudyError(study.placeOf("outputs.mesh"),
+                         "asks for a mesh that the study does not describe; add for instance "
+                         "'mesh: {size: 5}'");
+    }
     return study;
 }
 

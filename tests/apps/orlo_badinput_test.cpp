@@ -61,6 +61,12 @@ BadFile const kBadFiles[] = {
         std::filesystem::create_directory(f.path() / "folder.step");
         return (f.path() / "folder.step").string(); }},
     {"UnknownEnding",   [](auto const& f) { return f.write("part.xyz", contentOf(kBracket)).string(); }},
+    {"MeshMissing",     [](auto const& f) { return (f.path() / "nowhere.inp").string(); }},
+    {"MeshEmpty",       [](auto const& f) { return f.write("empty.bdf", "").string(); }},
+    {"TextCalledMesh",  [](auto const& f) { return f.write("text.msh", "dear reader\n").string(); }},
+    {"DataOfAnotherKind", [](auto const& f) { return f.write("table.dat", "1 2 3\n").string(); }},
+    {"ModelMissing",    [](auto const& f) { return (f.path() / "nowhere.orlo").string(); }},
+    {"TextCalledModel", [](auto const& f) { return f.write("text.orlo", "dear reader\n").string(); }},
     {"StlWithoutTriangles", [](auto const& f) { return f.write("none.stl", "solid a\nendsolid a\n").string(); }},
 };
 // clang-format on

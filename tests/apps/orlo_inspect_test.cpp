@@ -1,4 +1,5 @@
 #include "apps/orlorun.h"
+#include "tests/support/shareddata.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -124,6 +125,52 @@ TEST(OrloInspect, WarnsOfABoltMeasuredInMetres)
     EXPECT_THAT(run.m_err, HasSubstr("metre"));
 }
 
+// clang-format off
+struct {
+    char const* m_file;
+    int m_nodes;
+    char const* m_type;
+    int m_elements;
+    int m_dimension;
+} const kMeshes[] = {
+    {"constraint_tie.inp",            12470, "C3D10",        6044,  3},
+    {"ccx_cantilever_faceload.inp",   228,   "C3D10",        79,    3},
+    {"ccx_cantilever_faceload.bdf",   228,   "CTETRA",       79,    3},
+    {"ccx_cantilever_ele_hexa20.inp", 261,   "C3D20",        32,    3},
+    {"ccx_cantilever_ele_quad8.inp",  25,    "S8",           4,     2},
+    {"ccx_cantilever_ele_seg3.inp",   11,    "B32",          5,     1},
+    {"ccx_cantilever_ele_tria3.bdf",  546,   "CTRIA3",       968,   2},
+    {"tetra10_mesh.inp",              10,    "C3D10",        1,     3},
+    {"beamptied1.inp",                282,   "C3D20R",       32,    3},
+    {"distcoup.inp",                  262,   "C3D20R",       32,    3},
+    {"b8_g.nas",                      3211,  "CTETRA",       12489, 3},
+    {"msh_tetra.msh",                 66,    "TETRAHEDRON4", 127,   3},
+};
+// clang-format on
+
+using OrloInspectsRealFiles = test::WithSharedData;
+
+TEST_F(OrloInspectsRealFiles, MeshesAsTheyAreKnown)
+{
+    for (auto const& row : kMeshes) {
+        SCOPED_TRACE(row.m_file);
+        json const part = inspected(sharedFile("mesh", row.m_file))["parts"].at(0);
+        EXPECT_EQ(part["nodes"], row.m_nodes);
+        EXPECT_EQ(part["types"][0]["name"], row.m_type);
+        EXPECT_EQ(part["types"][0]["count"], row.m_elements);
+        EXPECT_EQ(part["elementsByDimension"].at(static_cast<std::size_t>(row.m_dimension)),
+                  row.m_elements);
+    }
+    OrloRun const piston = runOrlo({"inspect", sharedFile("mesh", "b8_g.nas")});
+    EXPECT_THAT(piston.m_err, HasSubstr("210 PLOAD4"));
+    OrloRun const whole = runOrlo({"inspect", sharedFile("mesh", "msh_tetra.msh")});
+    EXPECT_THAT(whole.m_out, HasSubstr("made of      1 part in 1 instance"));
+    EXPECT_THAT(whole.m_out, HasSubstr("type         TETRAHEDRON4, 4 nodes: 127\n"));
+    EXPECT_THAT(whole.m_out, HasSubstr("element set  "));  // the physical group
+    EXPECT_THAT(runOrlo({"inspect", sharedFile("mesh", "msh_tetra.msh"), "--tree"}).m_out,
+                Not(HasSubstr("TETRAHEDRON4")));
+}
+
 TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
 {
     OrloRun const run = runOrlo({"doctor"});
@@ -134,7 +181,7 @@ TEST(OrloDoctor, TellsTheInformationBlockAndEveryServiceName)
                 ::testing::ContainsRegex("getTypeRegistry +KFR.Services.TypeRegistry +KFR"));
     EXPECT_THAT(run.m_out,
                 ::testing::ContainsRegex("getGuiExeutive +vrn.orlo.appfw.GuiExecutive +vrn"));
-    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGSCServer +vrn.orlo.gsc.GSCMain +-"));
+    EXPECT_THAT(run.m_out, ::testing::ContainsRegex("getGSCServer +vrn.orlo.gsc.GSCMain +vrn"));
 }
 
 TEST(OrloDoctor, SpeaksTheUsersLanguage)

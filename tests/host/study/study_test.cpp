@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace vrn::orlo::host::study {
@@ -83,6 +84,33 @@ TEST(LoadStudy, NeedsTheGeometryOnlyByAPathUpOrDownOrAbsolute)
     }
 }
 
+TEST(LoadStudy, ReadsHowAMeshIsWanted)
+{
+    StudyFolder const folder;
+    Study const study = folder.load(
+        "geometry: bracket.step\nmesh:\n  size: 5\n  minimum: 0\n  order: 2\n  dimension: 2\n"
+        "  faces: true\n  curvature: 0\n  parts:\n    - {part: long bolt, size: 2.5}\n"
+        "  face-sizes: [{face: 12, size: 1e-1}]\noutputs: {mesh: a/m.msh}\n");
+    ASSERT_TRUE(study.m_mesh.has_value());
+    StudyMesh const& mesh = *study.m_mesh;
+    EXPECT_EQ(mesh.m_size, 5.0);
+    EXPECT_EQ(mesh.m_minimum, 0.0);
+    EXPECT_EQ(mesh.m_order, 2);
+    EXPECT_EQ(mesh.m_dimension, 2);
+    EXPECT_EQ(mesh.m_faces, true);
+    EXPECT_EQ(mesh.m_curvature, 0);
+    ASSERT_EQ(mesh.m_partSizes.size(), 1U);
+    EXPECT_EQ(mesh.m_partSizes[0].m_part, "long bolt");
+    EXPECT_EQ(mesh.m_partSizes[0].m_size, 2.5);
+    EXPECT_EQ(mesh.m_faceSizes, (std::map<unsigned, double>{{12, 0.1}}));
+    EXPECT_EQ(study.m_outputs.m_mesh, "a/m.msh");
+    EXPECT_EQ(study.placeOf("mesh.parts[1].part").m_line, 10);
+
+    Study const least = folder.load("geometry: bracket.step\nmesh: {size: 5}\n");
+    EXPECT_FALSE(least.m_mesh->m_minimum || least.m_mesh->m_order || least.m_mesh->m_faces);
+    EXPECT_FALSE(folder.load("geometry: bracket.step\n").m_mesh.has_value());
+}
+
 // clang-format off
 struct {
     char const* name;
@@ -93,9 +121,9 @@ struct {
     // name                   text                                          beginning             part
     {"Empty",                 "",                                           "1: ",                "for instance 'geometry: bracket.step'"},
     {"NoGeometry",            "\nstudy: a\n",                               "2: geometry: ",      "is missing; write for instance 'geometry: bracket.step'"},
-    {"MisspelledKey",         "geometri: bracket.step\n",                   "1: geometri: ",      "did you mean 'geometry'? known here: geometry, outputs, study"},
-    {"StrangeKey",            "geometry: bracket.step\ncolour: red\n",      "2: colour: ",        "is no known key; known here: geometry, outputs, study"},
-    {"MisspelledKeyBelow",    "geometry: bracket.step\noutputs:\n  tre: t\n", "3: outputs.tre: ", "did you mean 'tree'? known here: json, tree"},
+    {"MisspelledKey",         "geometri: bracket.step\n",                   "1: geometri: ",      "did you mean 'geometry'? known here: geometry, mesh, outputs, study"},
+    {"StrangeKey",            "geometry: bracket.step\ncolour: red\n",      "2: colour: ",        "is no known key; known here: geometry, mesh, outputs, study"},
+    {"MisspelledKeyBelow",    "geometry: bracket.step\noutputs:\n  tre: t\n", "3: outputs.tre: ", "did you mean 'tree'? known here: json, mesh, tree"},
     {"NoBlankAfterTheColon",  "study: a\ngeometry:bracket.step\n",          "2: geometry:b",      "lacks the blank after its colon; write 'geometry: bracket.step'"},
     {"GeometryWithoutValue",  "study: a\ngeometry:\n",                      "2: geometry: ",      "has no value"},
     {"GeometryIsAList",       "geometry: [a, b]\n",                         "1: geometry: ",      "is a list, and should be a text"},
@@ -109,6 +137,21 @@ struct {
     {"OutputWithoutName",     "geometry: bracket.step\noutputs:\n  tree:\n", "3: outputs.tree: ", "has no value; write for instance 'tree: tree.txt'"},
     {"OutputClimbsOut",       "geometry: bracket.step\noutputs: {tree: ../t}\n", "2: outputs.tree: ", "'../t' leaves the output folder"},
     {"OutputsOfOneName",      "geometry: bracket.step\noutputs:\n  json: a\n  tree: ./a\n", "4: outputs.tree: ", "'a' is the name of 'json' too"},
+    {"MeshWithoutSize",       "geometry: bracket.step\nmesh: {order: 2}\n",  "2: mesh.size: ",     "is missing; write for instance 'size: 5'"},
+    {"MeshIsANumber",         "geometry: bracket.step\nmesh: 5\n",           "2: mesh: ",          "is a text, and should be a map of keys; write for instance 'mesh: {size: 5}'"},
+    {"MeshSizeIsZero",        "geometry: bracket.step\nmesh: {size: 0}\n",   "2: mesh.size: ",     "'0' is no length; write mm as a number above 0, such as 2.5"},
+    {"MeshSizeInWords",       "geometry: bracket.step\nmesh: {size: 5 mm}\n", "2: mesh.size: ",    "'5 mm' is no length"},
+    {"MeshSizeWithComma",     "geometry: bracket.step\nmesh:\n  size: 2,5\n", "3: mesh.size: ",   "with a point"},
+    {"MeshSizeIsInfinite",    "geometry: bracket.step\nmesh: {size: inf}\n", "2: mesh.size: ",     "'inf' is no length"},
+    {"MeshOrderThree",        "geometry: bracket.step\nmesh: {size: 5, order: 3}\n", "2: mesh.order: ", "'3' cannot be taken; write 1, or 2"},
+    {"MeshFacesMaybe",        "geometry: bracket.step\nmesh: {size: 5, faces: yes}\n", "2: mesh.faces: ", "'yes' is neither; write true or false"},
+    {"MeshPartsIsAText",      "geometry: bracket.step\nmesh: {size: 5, parts: bolt}\n", "2: mesh.parts: ", "is a text, and should be a list"},
+    {"MeshPartIsAText",       "geometry: bracket.step\nmesh:\n  size: 5\n  parts:\n    - bolt\n", "5: mesh.parts[1]: ", "is a text, and should be a map of keys; write for instance '- {part: bolt, size: 2.5}'"},
+    {"MeshPartWithoutSize",   "geometry: bracket.step\nmesh: {size: 5, parts: [{part: a}]}\n", "2: mesh.parts[1].size: ", "is missing"},
+    {"MeshPartTwice",         "geometry: bracket.step\nmesh: {size: 5, parts: [{part: a, size: 1}, {part: a, size: 2}]}\n", "2: mesh.parts[2]: ", "gives part 'a' a size again; keep one"},
+    {"MeshFaceByName",        "geometry: bracket.step\nmesh: {size: 5, face-sizes: [{face: top, size: 1}]}\n", "2: mesh.face-sizes[1].face: ", "'top' is no number of a face; write"},
+    {"MeshOutputUnknown",     "geometry: bracket.step\nmesh: {size: 5}\noutputs: {mesh: m.vtk}\n", "3: outputs.mesh: ", "end it in .inp, .msh or .orlo"},
+    {"MeshOutputAlone",       "geometry: bracket.step\noutputs: {mesh: m.inp}\n", "2: outputs.mesh: ", "does not describe; add for instance 'mesh: {size: 5}'"},
 };
 // clang-format on
 

@@ -164,7 +164,7 @@ TEST(PluginHelper, FindsTheMeshBodyByTheMeshThenByAskingTheBodiesAndNotForOrphan
         Mesh found = makeMesh(1, {});
         Mesh const before = found;
         PluginHelper::getMeshByElement(scope.reference(type, 1), found);
-        EXPECT_EQ(found, type == kElementTypes[4] ? before : Mesh(mesh));
+        EXPECT_EQ(found, std::string_view(type) == kElementTypes[4] ? before : Mesh(mesh));
     }
     EXPECT_EQ(PluginHelper::getMeshBody(scope.node(1)), second);
     EXPECT_EQ(PluginHelper::getMeshBody(scope.node(2)), second);

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <string_view>
 
 namespace vrn::orlo::plugin::modeling::test {
 namespace {
@@ -184,7 +185,7 @@ TEST(MeshHelper, FindsFacesOfElementsByTheLowByteOfTheSubId)
     for (char const* const type : kElementTypes) {
         P location = kUnset, normal = kUnset;
         MeshHelper::getElemFaceLocNormal(scope.reference(type, 1, 0xFEDCBA02), location, normal);
-        bool const isFace = type == kElementTypes[3];
+        bool const isFace = std::string_view(type) == kElementTypes[3];
         EXPECT_EQ(location, isFace ? (P{0.5, 0.5, 3}) : kUnset) << type;
         EXPECT_THAT(normal, IsNear(isFace ? P{0, 0, -2} : kUnset)) << type;
     }

@@ -154,6 +154,48 @@ TEST_F(Remesh, MeshPartFindsByIdsAndDropsThoseThatAreNotThere)
     EXPECT_FALSE(body->meshOf(3)->getGeometry(geometry).isOk());
 }
 
+TEST_F(Remesh, DeletedBodyTakesItsElementsAndItsOwnNodesAlong)
+{
+    install(twoCubes(2));
+    MeshStore const& store = mesh().tables()->store();
+    auto const nodeId = [&](LocalNumber number) {
+        return static_cast<unsigned long long>(store.nodes().idOf(number));
+    };
+    KFRSequence<unsigned int> numbers;
+    auto const shown = [&](auto operation, KFRSequence<unsigned long long> const& ids) {
+        EXPECT_THAT((mesh().*operation)(ids, numbers), test::IsOk());
+        return std::vector<unsigned int>(numbers.begin(), numbers.end());
+    };
+    KFRSequence<unsigned long long> const elements{
+        static_cast<unsigned long long>(store.elements().idOf(1)),
+        static_cast<unsigned long long>(store.elements().idOf(2))};
+    KFRSequence<unsigned long long> const nodes{nodeId(1), nodeId(5), nodeId(9)};
+    ASSERT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(1, 2));
+
+    mesh().deleteBodiesOn(200);  // with the first element and the last four nodes
+    EXPECT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(2));
+    EXPECT_THAT(shown(&MeshPart::getNodeNumbers, nodes), ElementsAre(1, 5));
+    KFRSmartPointer<CAE::IElementInterface> element;
+    KFRSmartPointer<CAE::INodeInterface> node;
+    EXPECT_EQ(mesh().getElementById(1, element, false).getCode(), kNoElement);
+    EXPECT_EQ(mesh().getNodeById(9, node, false).getCode(), kNoNode);
+    ASSERT_THAT(mesh().getNodeById(5, node, false), test::IsOk());
+    CAE::IElementSequence connected;
+    EXPECT_THAT(mesh().getElementsConnectedTo(node, connected), test::IsOk());
+    EXPECT_EQ(connected.size(), 1U);
+    CAE::ElementNodes read;
+    std::vector<long long> const asked{store.elements().idOf(1), store.elements().idOf(2)};
+    EXPECT_THAT(mesh().getElementNodes(asked, read), test::IsOk());
+    EXPECT_THAT(read.m_first, ElementsAre(0, 0, 8));
+    bool isFree = false;
+    EXPECT_THAT(mesh().isNodeIdFree(nodeId(9), isFree), test::IsOk());
+    EXPECT_TRUE(isFree);
+    EXPECT_FALSE(mesh().isMeshed(201));
+
+    install(twoCubes(2));
+    EXPECT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(1, 2));
+}
+
 TEST_F(Remesh, ObjectsOutliveTheirPart)
 {
     install(twoCubes(2));

@@ -16,16 +16,13 @@ std::shared_ptr<MeshTables const> tablesOf(std::shared_ptr<MeshStore const> cons
         store != nullptr ? store : std::make_shared<MeshStore const>(MeshStore::Content{}));
 }
 
-template <class IsShown>
 KFRSequence<unsigned int> numbersOf(Numbering const& numbering,
-                                    KFRSequence<unsigned long long> const& ids,
-                                    IsShown const& isShown)
+                                    KFRSequence<unsigned long long> const& ids)
 {
     KFRSequence<unsigned int> numbers;
     numbers.reserve(ids.size());
     for (unsigned long long const id : ids) {
-        LocalNumber const number = numberIn(numbering, id, true);
-        if (number != 0 && isShown(number)) {
+        if (LocalNumber const number = numberIn(numbering, id, true); number != 0) {
             numbers.append(number);
         }
     }
@@ -71,7 +68,6 @@ void MeshPart::show(std::shared_ptr<MeshStore const> store, MeshChanges& changes
     auto const tables = tablesOf(store);
     std::vector<MeshBodyRow> const& rows = tables->store().bodies();
     m_tables = tables;
-    m_lacksBodies = false;
     m_present.assign(rows.size(), {});
     changes.settle(*this, store != nullptr);
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -124,7 +120,7 @@ KFRResult MeshPart::getNodeById(unsigned long long id, KFRSmartPointer<CAE::INod
                                 bool flag)
 {
     LocalNumber const number = numberIn(m_tables->store().nodes(), id, flag);
-    if (number == 0 || !isNodeShown(number)) {
+    if (number == 0) {
         return KFRResult(kNoNode).addParam("Mesh part " + persistentName() +
                                            " has no node with the " + (flag ? "id " : "number ") +
                                            std::to_string(id) + ".");
@@ -139,10 +135,6 @@ KFRResult MeshPart::getElementById(unsigned long long id,
     KFRResult result;
     LocalNumber const number =
         findElement(m_tables->store(), id, flag, "Mesh part " + persistentName(), result);
-    if (number != 0 && !isShown(number)) {
-        return KFRResult(kNoElement)
-            .addParam("The body of element " + std::to_string(id) + " has been deleted.");
-    }
     if (number != 0) {
         element = this->element(number);
     }
@@ -157,16 +149,14 @@ KFRSmartPointer<CAE::IElementInterface> MeshPart::element(LocalNumber number) co
 KFRResult MeshPart::getElementNumbers(KFRSequence<unsigned long long> const& ids,
                                       KFRSequence<unsigned int>& numbers)
 {
-    numbers = numbersOf(m_tables->store().elements(), ids,
-                        [this](LocalNumber element) { return isShown(element); });
+    numbers = numbersOf(m_tables->store().elements(), ids);
     return KFR::ok;
 }
 
 KFRResult MeshPart::getNodeNumbers(KFRSequence<unsigned long long> const& ids,
                                    KFRSequence<unsigned int>& numbers)
 {
-    numbers = numbersOf(m_tables->store().nodes(), ids,
-                        [this](LocalNumber node) { return isNodeShown(node); });
+    numbers = numbersOf(m_tables->store().nodes(), ids);
     return KFR::ok;
 }
 
@@ -190,9 +180,7 @@ KFRResult MeshPart::getElementsConnectedTo(KFRSmartPointer<CAE::INodeInterface> 
     }
     CAE::IElementSequence found;
     for (LocalNumber const connected : m_tables->elementsAt(own)) {
-        if (isShown(connected)) {
-            found.append(element(connected));
-        }
+        found.append(element(connected));
     }
     elements = found;
     return KFR::ok;
@@ -212,8 +200,7 @@ KFRResult MeshPart::getElementNodes(std::span<long long const> elementIds, CAE::
     nodes.m_locations.clear();
     nodes.m_first.push_back(0);
     for (long long const id : elementIds) {
-        LocalNumber const element = store.elements().numberOf(id);
-        if (element != 0 && isShown(element)) {
+        if (LocalNumber const element = store.elements().numberOf(id); element != 0) {
             for (LocalNumber const node : store.nodesOf(element)) {
                 Point const& position = store.position(node);
                 nodes.m_ids.push_back(store.nodes().idOf(node));
@@ -235,8 +222,7 @@ KFRResult MeshPart::isNodeIdFree(unsigned long long id, bool& free)
 {
     constexpr auto kLargest =
         static_cast<unsigned long long>(std::numeric_limits<ExternalId>::max());
-    LocalNumber const taken = numberIn(m_tables->store().nodes(), id, true);
-    free = id != 0 && id <= kLargest && (taken == 0 || !isNodeShown(taken));
+    free = id != 0 && id <= kLargest && numberIn(m_tables->store().nodes(), id, true) == 0;
     return KFR::ok;
 }
 

@@ -23,8 +23,7 @@ namespace vrn::orlo::host::meshing {
 /// and so do its meshes. What has no elements any more is deleted, and comes back with elements.
 /// Nodes and elements belong to the revision that they were asked of.
 ///
-/// A row of the store without elements has no mesh body, unless it is the only row. What is of a
-/// body that has been deleted is not there either, and all other numbers stay.
+/// A row of the store without elements has no mesh body, unless it is the only row.
 ///
 /// Properties: "name", which is "MeshPart", and "visible".
 ///
@@ -109,9 +108,6 @@ private:
     void show(std::shared_ptr<MeshStore const> store, MeshChanges& changes);
     [[nodiscard]] KFRSmartPointer<MeshBody> bodyFor(MeshBodyRow const& row);
     [[nodiscard]] KFRSmartPointer<CAE::IElementInterface> element(LocalNumber number) const;
-    /// Not of a body that was deleted from under the mesh; the same for nodes.
-    [[nodiscard]] bool isShown(LocalNumber element) const;
-    [[nodiscard]] bool isNodeShown(LocalNumber node) const;
     [[nodiscard]] KFRSmartPointer<SubMesh> subMesh(unsigned number) const;
     [[nodiscard]] std::string nameOfBody(MeshBodyRow const& row);
 
@@ -124,7 +120,6 @@ private:
     std::shared_ptr<MeshTables const> m_tables;
     std::vector<KFRSmartPointer<MeshBody>> m_bodies;   // in the order of their numbers
     std::vector<KFRSmartPointer<MeshBody>> m_present;  // in the order of the store
-    bool m_lacksBodies = false;  // some have been deleted since the store was shown
     unsigned long long m_highestNodeId = 0;
 };
 

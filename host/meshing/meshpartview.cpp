@@ -2,6 +2,8 @@
 
 #include "host/meshing/meshpart.h"
 
+#include "host/meshing/storesubset.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -62,12 +64,11 @@ CAE::IMeshSequence MeshPart::meshesOn(unsigned entity) const
 
 bool MeshPart::isMeshed(unsigned entity) const
 {
-    if (bodyOn(entity) != KFR::NULLSP || !meshesOn(entity).empty()) {
+    if (bodyOn(entity) != KFR::NULLSP || !m_tables->groupsOn(entity).empty()) {
         return true;
     }
     EntityMesh const* const mesh = m_tables->store().meshOn(entity);
-    return mesh != nullptr && std::any_of(mesh->m_nodes.begin(), mesh->m_nodes.end(),
-                                          [this](LocalNumber node) { return isNodeShown(node); });
+    return mesh != nullptr && !mesh->m_nodes.empty();
 }
 
 KFRSmartPointer<appfw::IEntityInterface> MeshPart::entity(unsigned typeId, unsigned number)
@@ -133,10 +134,9 @@ std::vector<model::EntityService::Entity> MeshPart::entities()
 void MeshPart::deleteBodiesOn(unsigned entity)
 {
     if (auto const body = bodyOn(entity); body != KFR::NULLSP) {
-        MeshChanges changes;
-        body->show(m_tables, std::nullopt, changes);
-        m_lacksBodies = true;
-        changes.tell(m_context->m_service);
+        auto const row = std::find(m_present.begin(), m_present.end(), body);
+        static_cast<void>(
+            replace(withoutBody(*m_store, static_cast<std::size_t>(row - m_present.begin()))));
     }
 }
 
@@ -156,28 +156,10 @@ void MeshPart::leavePart() noexcept
     }
 }
 
-bool MeshPart::isShown(LocalNumber element) const
-{
-    return !m_lacksBodies || isThere(m_present.at(m_tables->bodyOf(element)));
-}
-
-bool MeshPart::isNodeShown(LocalNumber node) const
-{
-    if (!m_lacksBodies) {
-        return true;
-    }
-    auto const elements = m_tables->elementsAt(node);
-    return std::any_of(elements.begin(), elements.end(),
-                       [this](LocalNumber element) { return isShown(element); });
-}
-
 std::vector<LocalNumber> MeshPart::elements() const
 {
     std::vector<LocalNumber> all(m_tables->store().elements().size());
     std::iota(all.begin(), all.end(), LocalNumber{1});
-    if (m_lacksBodies) {
-        std::erase_if(all, [this](LocalNumber element) { return !isShown(element); });
-    }
     return all;
 }
 

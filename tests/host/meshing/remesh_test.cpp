@@ -156,44 +156,37 @@ TEST_F(Remesh, MeshPartFindsByIdsAndDropsThoseThatAreNotThere)
 
 TEST_F(Remesh, DeletedBodyTakesItsElementsAndItsOwnNodesAlong)
 {
-    install(twoCubes(2));
-    MeshStore const& store = mesh().tables()->store();
-    auto const nodeId = [&](LocalNumber number) {
-        return static_cast<unsigned long long>(store.nodes().idOf(number));
-    };
-    KFRSequence<unsigned int> numbers;
-    auto const shown = [&](auto operation, KFRSequence<unsigned long long> const& ids) {
-        EXPECT_THAT((mesh().*operation)(ids, numbers), test::IsOk());
-        return std::vector<unsigned int>(numbers.begin(), numbers.end());
-    };
-    KFRSequence<unsigned long long> const elements{
-        static_cast<unsigned long long>(store.elements().idOf(1)),
-        static_cast<unsigned long long>(store.elements().idOf(2))};
-    KFRSequence<unsigned long long> const nodes{nodeId(1), nodeId(5), nodeId(9)};
-    ASSERT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(1, 2));
+    StoreMaker maker;
+    maker.content() = twoCubes(2)->content();
+    maker.content().m_nodeSets = {{"NODES", {1, 5, 9}}};
+    maker.content().m_elementSets = {{"RIGHT", {1}}, {"BOTH", {1, 2}}};
+    maker.content().m_entities = {{102, {5, 6, 7, 8}, {{1, 0}, {2, 1}}}, {202, {9, 10}, {{1, 1}}}};
+    auto const all = std::make_shared<MeshStore const>(maker.content());
+    install(all);
+    KFRSmartPointer<MeshBody> const left = mesh().bodyOn(100);
+    KFRSmartPointer<MeshBody> const right = mesh().bodyOn(200);
 
-    mesh().deleteBodiesOn(200);  // with the first element and the last four nodes
-    EXPECT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(2));
-    EXPECT_THAT(shown(&MeshPart::getNodeNumbers, nodes), ElementsAre(1, 5));
-    KFRSmartPointer<CAE::IElementInterface> element;
-    KFRSmartPointer<CAE::INodeInterface> node;
-    EXPECT_EQ(mesh().getElementById(1, element, false).getCode(), kNoElement);
-    EXPECT_EQ(mesh().getNodeById(9, node, false).getCode(), kNoNode);
-    ASSERT_THAT(mesh().getNodeById(5, node, false), test::IsOk());
-    CAE::IElementSequence connected;
-    EXPECT_THAT(mesh().getElementsConnectedTo(node, connected), test::IsOk());
-    EXPECT_EQ(connected.size(), 1U);
-    CAE::ElementNodes read;
-    std::vector<long long> const asked{store.elements().idOf(1), store.elements().idOf(2)};
-    EXPECT_THAT(mesh().getElementNodes(asked, read), test::IsOk());
-    EXPECT_THAT(read.m_first, ElementsAre(0, 0, 8));
-    bool isFree = false;
-    EXPECT_THAT(mesh().isNodeIdFree(nodeId(9), isFree), test::IsOk());
-    EXPECT_TRUE(isFree);
+    mesh().deleteBodiesOn(200);  // the first element, and the last four nodes
+    MeshStore const& rest = mesh().tables()->store();
+    EXPECT_TRUE(right->isDeleted() && !left->isDeleted());
+    EXPECT_THAT(rest.elements().ids(), ElementsAre(all->elements().idOf(2)));
+    EXPECT_EQ(rest.nodes().size(), 8U);
+    for (LocalNumber node = 1; node <= rest.nodes().size(); ++node) {
+        EXPECT_EQ(rest.nodes().idOf(node), all->nodes().idOf(node));
+        EXPECT_EQ(rest.position(node), all->position(node));
+    }
+    EXPECT_THAT(rest.nodesOf(1), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+    EXPECT_THAT(findSet(rest.nodeSets(), "NODES")->m_numbers, ElementsAre(1, 5));
+    EXPECT_THAT(findSet(rest.elementSets(), "RIGHT")->m_numbers, IsEmpty());
+    EXPECT_THAT(findSet(rest.elementSets(), "BOTH")->m_numbers, ElementsAre(1));
+    EXPECT_THAT(rest.meshOn(102)->m_faces, ElementsAre(ElementFace{1, 1}));
+    EXPECT_EQ(rest.meshOn(202), nullptr);
     EXPECT_FALSE(mesh().isMeshed(201));
 
-    install(twoCubes(2));
-    EXPECT_THAT(shown(&MeshPart::getElementNumbers, elements), ElementsAre(1, 2));
+    mesh().deleteBodiesOn(100);
+    EXPECT_TRUE(mesh().isDeleted());
+    install(all);
+    EXPECT_EQ(mesh().bodyOn(200), right);
 }
 
 TEST_F(Remesh, ObjectsOutliveTheirPart)

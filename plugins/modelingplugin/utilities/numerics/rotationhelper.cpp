@@ -28,7 +28,10 @@ KFRDouble3DPoint scaled(KFRDouble3DPoint const& v, double factor)
 KFRDouble3DPoint unitOf(KFRDouble3DPoint const& v)
 {
     double const length = toVector(v).mod();
-    return length < kPluginTolerance ? KFRDouble3DPoint{} : scaled(v, 1.0 / length);
+    if (length < kPluginTolerance) {
+        return {};
+    }
+    return {v.x / length, v.y / length, v.z / length};
 }
 
 float distance(KFRFloat3DPoint const& a, KFRFloat3DPoint const& b)

@@ -124,7 +124,8 @@ MeshSummary meshWithProgress(Session& session, Model& model, MeshSettings const&
     try {
         ProgressLine progress;
         reports = host::modelspace::meshModel(
-            model, request, types, session.application().entityService(), nullptr,
+            model, request, types, session.application().entityService(),
+            &session.application().processor().history(),
             [&progress](double fraction, std::string const& step) {
                 progress.show(fraction, step);
             });
